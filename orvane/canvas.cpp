@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "host/canvas.h"
+
+#include "host/bitmap.h"
+#include "orvane/area.h"
+#include "orvane/control_area.h"
+#include "orvane/number32.h"
+#include "orvane/pixel.h"
+#include "orvane/raster/blend.h"
+
+#include <algorithm>
+#include <limits>
+
+Canvas::~Canvas() = default;
+
+void Canvas::Create(long x, long y, long width, long height)
+{
+    SetPos(x, y);
+    SetSize(width, height);
+    SetState(kStateShown);
+}
+
+void Canvas::SetBitmap(Bitmap* bitmap)
+{
+    m_bitmap = bitmap;
+    orvane::InvalidatePlace(*this);
+}
+
+void Canvas::Paint(Bitmap& screen, const render::Rectangle<int>& area, long left, long top) const
+{
+    using namespace orvane;
+    if (m_bitmap == nullptr) {
+        return;
+    }
+    const Bitmap& picture = *m_bitmap;
+    // Beyond the 32-bit range a place is as far off the screen as at its end.
+    constexpr long kFarthest = std::numeric_limits<std::int32_t>::max();
+    left = std::clamp(left, -kFarthest, kFarthest);
+    top = std::clamp(top, -kFarthest, kFarthest);
+    const Area shown =
+        AreaAt(left, top, std::min<long>(Width(), picture.Width()), std::min<long>(Height(), picture.Height()));
+    const Area wanted = Intersection(AreaOf(area), AreaAt(0, 0, screen.Width(), screen.Height()));
+    const Area painted = Intersection(shown, wanted);
+    if (painted.IsEmpty()) {
+        return;
+    }
+
+    const std::uint32_t* source = Pixels(picture) + (painted.top - top) * picture.Width() + (painted.left - left);
+    std::uint32_t* destination = Pixels(screen) + painted.top * screen.Width() + painted.left;
+    const int count = static_cast<int>(painted.right - painted.left);
+    for (std::int64_t y = painted.top; y < painted.bottom; ++y) {
+        raster::BlendRow(destination, source, count);
+        source += picture.Width();
+        destination += screen.Width();
+    }
+}

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "orvane/raster/blend.h"
+
+namespace orvane::raster
+{
+
+void BlendRow(std::uint32_t* destination, const std::uint32_t* source, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        const std::uint32_t pixel = source[i];
+        if (pixel >> 24 == 255U) {
+            destination[i] = pixel;
+        } else if (pixel != 0) {
+            destination[i] = SourceOver(destination[i], pixel);
+        }
+    }
+}
+
+} // namespace orvane::raster

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace orvane::raster
+{
+
+/// The difference of two 32-bit coordinates has 33 bits, a product of two such 66, a sum of two products 67.
+__extension__ typedef __int128 WideInteger; // NOLINT(modernize-use-using): no using takes __extension__
+
+/// A corner, in half pixels.
+struct Corner {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+
+using Quad = std::array<Corner, 4>;
+
+/// Smallest and largest coordinates of the corners, both inclusive, in half pixels.
+struct CornerBounds {
+    std::int32_t left;
+    std::int32_t top;
+    std::int32_t right;
+    std::int32_t bottom;
+};
+
+CornerBounds BoundsOf(const Quad& quad);
+
+/// Twice the signed area of the triangle a, b, c; positive when it runs clockwise on the screen (y down). Exact.
+WideInteger TwiceArea(Corner a, Corner b, Corner c);
+
+/// Twice the signed area of the quadrilateral, with the sign of TwiceArea. Exact; for a folded one the lobes count
+/// against each other.
+WideInteger TwiceArea(const Quad& quad);
+
+/// True when every corner turns strictly clockwise: then, and only then, the projective map of a rectangle onto the
+/// corners has no pole inside.
+bool IsStrictlyConvex(const Quad& quad);
+
+/// True when the point lies on an edge or is wound around by the edges, in either direction. Exact.
+bool Contains(const Quad& quad, Corner point);
+
+} // namespace orvane::raster

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "orvane/raster/quad_renderer.h"
+
+#include "host/bitmap.h"
+#include "orvane/pixel.h"
+#include "orvane/raster/copy_choice.h"
+#include "orvane/raster/filtered_copies.h"
+#include "orvane/raster/texel_source.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+
+namespace orvane::raster
+{
+
+namespace
+{
+
+std::int32_t Wrapped(long value)
+{
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
+}
+
+double Texels(long value)
+{
+    constexpr std::int64_t one = 65536;
+    std::int64_t fixed = Wrapped(value);
+    if ((fixed & (one - 1)) == one - 1) {
+        ++fixed;
+    }
+    return static_cast<double>(fixed) / static_cast<double>(one);
+}
+
+/// The rectangle of the picture that the corners span.
+struct TexelRange {
+    TexelPoint least;
+    TexelPoint most;
+};
+
+TexelRange RangeOf(const TexelCorners& texels)
+{
+    const auto [left, right] = std::minmax({texels[0].u, texels[1].u, texels[2].u, texels[3].u});
+    const auto [top, bottom] = std::minmax({texels[0].v, texels[1].v, texels[2].v, texels[3].v});
+    return {{left, top}, {right, bottom}};
+}
+
+/// The whole texels that the range reaches into; at least one on each axis, the nearest when it lies outside.
+TexelWindow WindowOf(const TexelRange& range, const Bitmap& picture)
+{
+    const auto first = [](double least, int size) {
+        return static_cast<int>(std::clamp<double>(std::floor(least), 0, size - 1));
+    };
+    const auto count = [](double most, int begin, int size) {
+        return static_cast<int>(std::clamp<double>(std::ceil(most), begin + 1, size)) - begin;
+    };
+    const int left = first(range.least.u, picture.Width());
+    const int top = first(range.least.v, picture.Height());
+    return {left, top, count(range.most.u, left, picture.Width()), count(range.most.v, top, picture.Height())};
+}
+
+/// What a point of the bitmap becomes in a source that shows a window of it.
+class SourceSpace
+{
+public:
+    SourceSpace(const TexelWindow& window, const TexelSource& source)
+        : m_window(window), m_scaleU(static_cast<double>(source.width) / window.width),
+          m_scaleV(static_cast<double>(source.height) / window.height)
+    {
+    }
+    TexelPoint operator()(TexelPoint point) const
+    {
+        return {(point.u - m_window.left) * m_scaleU, (point.v - m_window.top) * m_scaleV};
+    }
+
+private:
+    TexelWindow m_window;
+    double m_scaleU;
+    double m_scaleV;
+};
+
+TexelSource SourceOf(const Bitmap& picture, const TexelWindow& window, const Footprint& footprint, Filter filter)
+{
+    const std::optional<CopyRequest> request =
+        filter == Filter::OneSample ? CopyForOneSample(window, footprint) : CopyForWholeFootprint(window, footprint);
+    if (request) {
+        if (const auto copy = FilteredCopy(picture, *request)) {
+            return *copy;
+        }
+    }
+    return PartOf(picture, window);
+}
+
+/// The pixels of one axis that lie between two coordinates in half pixels, cut to the target.
+struct PixelSpan {
+    int begin;
+    int end;
+};
+
+PixelSpan PixelsBetween(std::int32_t least, std::int32_t most, int size)
+{
+    const std::int64_t begin = std::int64_t{least} >> 1;
+    const std::int64_t end = (std::int64_t{most} + 1) >> 1;
+    return {static_cast<int>(std::clamp<std::int64_t>(begin, 0, size)),
+            static_cast<int>(std::clamp<std::int64_t>(end, 0, size))};
+}
+
+} // namespace
+
+void QuadRenderer::SetTexCoords(long u0, long v0, long u1, long v1, long u2, long v2, long u3, long v3)
+{
+    m_texels = {TexelPoint{Texels(u0), Texels(v0)}, TexelPoint{Texels(u1), Texels(v1)},
+                TexelPoint{Texels(u2), Texels(v2)}, TexelPoint{Texels(u3), Texels(v3)}};
+}
+
+void QuadRenderer::SetVertices(long x0, long y0, float, long x1, long y1, float, long x2, long y2, float, long x3,
+                               long y3, float)
+{
+    m_quad = {Corner{Wrapped(x0), Wrapped(y0)}, Corner{Wrapped(x1), Wrapped(y1)}, Corner{Wrapped(x2), Wrapped(y2)},
+              Corner{Wrapped(x3), Wrapped(y3)}};
+}
+
+int QuadRenderer::IsPointInside(long x, long y)
+{
+    return Contains(m_quad, {Wrapped(x), Wrapped(y)}) ? 1 : 0;
+}
+
+void QuadRenderer::SetRenderState(long state, long value)
+{
+    if (Wrapped(state) == 1) {
+        m_filter = Wrapped(value) == 0 ? Filter::OneSample : Filter::WholeFootprint;
+    }
+}
+
+void QuadRenderer::Draw(Bitmap* target, CRect*& clip)
+{
+    m_lastDrawn.Set(0, 0, 0, 0);
+    if (TwiceArea(m_quad) < 0) {
+        return;
+    }
+    if (target != nullptr && m_texture != nullptr && m_texture->Width() > 0 && target->Width() > 0) {
+        DrawInto(*target);
+    }
+    if (clip != nullptr) {
+        clip->Set(m_lastDrawn.left, m_lastDrawn.top, m_lastDrawn.right, m_lastDrawn.bottom);
+    }
+}
+
+void QuadRenderer::DrawInto(Bitmap& target)
+{
+    const CornerBounds bounds = BoundsOf(m_quad);
+    const PixelSpan columns = PixelsBetween(bounds.left, bounds.right, target.Width());
+    const PixelSpan rows = PixelsBetween(bounds.top, bounds.bottom, target.Height());
+    if (columns.begin >= columns.end || rows.begin >= rows.end) {
+        return;
+    }
+    m_coverage.Start(m_quad, columns.begin, columns.end);
+
+    const TexelRange range = RangeOf(m_texels);
+    const TexelWindow window = WindowOf(range, *m_texture);
+    const Footprint footprint = QuadMapping(m_quad, m_texels).MiddleFootprint();
+    const TexelSource source = SourceOf(*m_texture, window, footprint, m_filter);
+    const SourceSpace toSource(window, source);
+    TexelCorners corners;
+    std::transform(m_texels.begin(), m_texels.end(), corners.begin(), toSource);
+    const QuadMapping mapping(m_quad, corners);
+    const Sampler sampler(source, toSource(range.least), toSource(range.most));
+    SpanFiller filler(Pixels(target), target.Width(), mapping, sampler, m_filter);
+    for (int y = rows.begin; y < rows.end; ++y) {
+        m_coverage.ForEachRun(y, [&](const CoverageRun& run) {
+            Record(y, run);
+            filler.Fill(y, run);
+        });
+    }
+}
+
+/// Takes the run into the drawn rectangle. Rows come from top to bottom.
+void QuadRenderer::Record(int y, const CoverageRun& run)
+{
+    CRect& drawn = m_lastDrawn;
+    if (drawn.right == 0) {
+        drawn.Set(run.begin, y, run.end, y + 1);
+    } else {
+        drawn.Set(std::min<long>(drawn.left, run.begin), drawn.top, std::max<long>(drawn.right, run.end), y + 1);
+    }
+}
+
+CRect* QuadRenderer::GetBoundingBox()
+{
+    const CornerBounds bounds = BoundsOf(m_quad);
+    m_boundingBox.Set(bounds.left, bounds.top, bounds.right, bounds.bottom);
+    return &m_boundingBox;
+}
+
+CRect* QuadRenderer::GetLastDrawnRect()
+{
+    return m_lastDrawn.right == 0 ? nullptr : &m_lastDrawn;
+}
+
+} // namespace orvane::raster

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "orvane/raster/quad_mapping.h"
+#include "orvane/raster/texel_source.h"
+#include "orvane/raster/wide_colour.h"
+
+#include <array>
+
+namespace orvane::raster
+{
+
+/// The places inside a pixel at which its colour is sampled, as distances in the picture.
+///
+/// A bilinear sample is already the mean over the square of one texel. To become the mean over the footprint of a
+/// pixel, samples are spread so that both variances add up to the footprint's; along a direction in which the footprint
+/// is no longer than a texel nothing is spread. One sample in the middle remains of a picture that is not shrunk.
+class SamplePattern
+{
+public:
+    /// The middle alone.
+    SamplePattern() = default;
+    explicit SamplePattern(const Footprint& footprint);
+
+    const TexelPoint* begin() const { return m_offsets.data(); }
+    const TexelPoint* end() const { return m_offsets.data() + m_count; }
+    int Count() const { return m_count; }
+
+private:
+    static constexpr int kMaxPerSide = 16;
+
+    std::array<TexelPoint, kMaxPerSide * kMaxPerSide> m_offsets{};
+    int m_count = 1;
+};
+
+/// Reads colours of a picture, bilinearly, with 12 bits of weight on each axis. Points are held inside the given
+/// rectangle of texels, and every texel read lies in the source, whatever the point: also one that is not a number.
+class Sampler
+{
+public:
+    Sampler(const TexelSource& source, TexelPoint least, TexelPoint most);
+
+    const TexelSource& Source() const { return m_source; }
+    /// True when the texels of a row from the given column on are what sampling at their centres would give.
+    bool HoldsTexels(int column, int row, int count) const;
+    /// For every point the mean of those samples around it that lie in the rectangle: 8.8 bits in each lane.
+    void SampleRow(const TexelPoint* points, int count, const SamplePattern& pattern, WideColour* colours) const;
+
+private:
+    bool Holds(TexelPoint point) const;
+    WideColour Bilinear(TexelPoint point) const;
+    WideColour MeanAround(TexelPoint point, const SamplePattern& pattern) const;
+
+    TexelSource m_source;
+    TexelPoint m_least;
+    TexelPoint m_most;
+    TexelPoint m_leastRead; ///< where samples are read, relative to texel centres
+    TexelPoint m_mostRead;
+};
+
+} // namespace orvane::raster

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/bitmap.h"
+#include "host/rectangle.h"
+#include "host/rgba.h"
+#include "orvane/damage.h"
+
+#include <memory>
+
+namespace orvane
+{
+
+/// The screen's picture, what of it is damaged, and its composing from the dialogs that are shown.
+class Screen
+{
+public:
+    /// A picture of that size that has not been composed yet; no damage.
+    Screen(int width, int height, const Rgba& background);
+    Screen(const Screen&) = delete;
+    Screen& operator=(const Screen&) = delete;
+
+    /// Pixels. With one side 0 the picture is empty, but the other keeps its value.
+    int Width() const { return m_width; }
+    int Height() const { return m_height; }
+    const Bitmap& Picture() const { return *m_picture; }
+    /// Gives the picture a new size; it is lost and the damage forgotten. Throws std::bad_alloc and then changes
+    /// nothing.
+    void Resize(int width, int height);
+
+    void Invalidate(const render::Rectangle<int>& area) noexcept { m_damage.Add(area); }
+    bool HasDamage() const { return !m_damage.IsEmpty(); }
+    /// Composes the damaged areas and returns them, disjoint. What is damaged while controls paint waits for the next
+    /// composing; when one throws, everything that was to be composed is damaged again.
+    const Damage::Rectangles& Compose();
+    void ComposeAll();
+
+private:
+    struct BitmapDestroyer {
+        void operator()(Bitmap* bitmap) const;
+    };
+
+    void Paint(const Damage::Rectangles& areas);
+
+    int m_width;
+    int m_height;
+    Rgba m_background;
+    std::unique_ptr<Bitmap, BitmapDestroyer> m_picture;
+    Damage m_damage;
+    Damage::Rectangles m_composed;
+};
+
+} // namespace orvane
