@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "animation/move_list.h"
+#include "animation/object.h"
+#include "examples/deal/flight_path.h"
+#include "examples/deal/owned_bitmap.h"
+
+#include <memory>
+
+namespace deal
+{
+
+/// A shadow on the table that follows one flying card: an object of the scene with moves of its own. At both ends of
+/// the flight it is hidden under the card.
+struct FlyingShadow {
+    std::unique_ptr<CObject> object;
+    std::unique_ptr<C3DMoveList> moves;
+};
+
+/// Makes the shadows of cards of one size.
+class ShadowCaster
+{
+public:
+    /// The card's size in pixels at rest; the view is copied.
+    ShadowCaster(const TableView& view, int cardWidth, int cardHeight);
+
+    /// The shadow of a card that flies along the path in that many frames. The caster outlives it.
+    FlyingShadow Cast(const FlightPath& path, int frames) const;
+
+private:
+    Placement Below(const Placement& card) const;
+
+    TableView m_view;
+    double m_halfWidth; ///< of the shadow's picture with its soft margin, world units
+    double m_halfHeight;
+    OwnedBitmap m_picture;
+};
+
+} // namespace deal

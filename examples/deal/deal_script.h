@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "examples/deal/card_shadow.h"
+#include "examples/deal/flight_path.h"
+#include "examples/deal/patience.h"
+
+#include <functional>
+
+namespace deal
+{
+
+/// What happens on the table, scene by scene, from the shuffled stock to the end.
+class DealScript
+{
+public:
+    /// Flights are that many times as fast; 0.1 to 10 look sensible. The patience outlives the script.
+    DealScript(Patience& patience, double speed);
+
+    /// Called with the name of each scene as it begins.
+    void SetSceneObserver(std::function<void(const char* scene)> observer) { m_observer = std::move(observer); }
+
+    /// Plays everything, frame by frame, and leaves the table at rest.
+    void Play();
+
+    /// The scenes.
+    void DealColumns();
+    void GatherTopCards();
+    void TurnUpColumns();
+    void ShowFoundationHints();
+    void RaiseCard();
+
+private:
+    void Begin(const char* scene);
+    void Rest(int frames);
+    int Frames(double atNormalSpeed) const;
+    void Stagger(int count, double gap, const std::function<void(int)>& launch);
+    void UntilLanded();
+
+    /// Flies a card of a pile from where it is to a place.
+    void Fly(CardPile& pile, CObject& card, const Placement& to, const FlightStyle& style, double frames);
+    /// Flies the top card of one pile to the top of another.
+    void FlyToPile(CardPile& from, CardPile& to, Facing facing, const FlightStyle& style, double frames);
+
+    Patience& m_patience;
+    HeadlessTable& m_stage;
+    ShadowCaster m_shadows;
+    double m_speed;
+    std::function<void(const char*)> m_observer;
+};
+
+} // namespace deal

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+namespace deal
+{
+
+/// The numbers 0 to count - 1 in an order that depends on the seed alone, the same on every machine and compiler.
+std::vector<long> ShuffledDeck(int count, std::uint64_t seed);
+
+} // namespace deal
