@@ -4,6 +4,8 @@
 #include "host/control.h"
 #include "host/export.h"
 
+#include <cstdint>
+
 /// A control that shows a bitmap, unscaled, its top-left pixel at the control's top-left, cut to the control's size.
 class ORVANE_API Canvas : public CControlBase
 {
@@ -21,7 +23,16 @@ public:
     ///@}
 
     void Paint(Bitmap& screen, const render::Rectangle<int>& area, long left, long top) const override;
+    /// True when the picture covers the control and has no see-through pixel; found out, once, the second time that
+    /// this is asked about the same picture. A class that paints something else overrides it too.
+    bool IsOpaque() const override;
 
 private:
+    bool IsKnownOpaque() const;
+
     Bitmap* m_bitmap = nullptr;
+    mutable const Bitmap* m_examined = nullptr; ///< the picture that the answer below is about
+    mutable std::uint64_t m_examinedRevision = 0;
+    mutable bool m_isExamined = false; ///< not yet on the first question: the picture may change in every frame
+    mutable bool m_hasOpaquePicture = false;
 };

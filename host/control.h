@@ -4,8 +4,15 @@
 #include "host/export.h"
 #include "host/rectangle.h"
 
+#include <cstdint>
+
 class Bitmap;
 class CWindowBase;
+
+namespace orvane
+{
+class ControlIndex;
+}
 
 /// A rectangle of a window that paints itself. It stands in at most one window, at a place relative to that window, and
 /// leaves it when it is destroyed. Whatever changes what it shows has the screen areas concerned composed anew.
@@ -53,9 +60,13 @@ public:
     /// the control's place on the screen. Must give every pixel the same value however the area is cut into parts, and
     /// touch none outside it. The base class paints nothing.
     virtual void Paint(Bitmap& screen, const render::Rectangle<int>& area, long left, long top) const;
+    /// True only when Paint gives every pixel of the control's rectangle a value that does not depend on what is below:
+    /// that need not be painted then. Asked in every composing, so it costs little. The base class answers false.
+    virtual bool IsOpaque() const { return false; }
 
 private:
     friend class CWindowBase;
+    friend class orvane::ControlIndex;
 
     long m_x = 0;
     long m_y = 0;
@@ -65,4 +76,5 @@ private:
     CWindowBase* m_window = nullptr;
     CControlBase* m_prev = nullptr;
     CControlBase* m_next = nullptr;
+    std::uint64_t m_number = 0; ///< in a window with an index of its controls: grows along the list
 };

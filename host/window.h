@@ -43,6 +43,8 @@ protected:
     void MoveTo(long x, long y);
 
 private:
+    friend class orvane::ControlIndex;
+
     void Place(CControlBase* control, CControlBase* before);
     void Link(CControlBase* control, CControlBase* before);
     void Unlink(CControlBase* control);
@@ -52,6 +54,7 @@ private:
     long m_count = 0;
     long m_x = 0;
     long m_y = 0;
+    orvane::ControlIndex* m_index = nullptr; ///< finds the controls by their places; null while they are few
 };
 
 /// A window of the screen. It does not cut its controls to a size of its own. Dialogs lie above each other in the order

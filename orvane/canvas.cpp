@@ -11,6 +11,18 @@
 #include <algorithm>
 #include <limits>
 
+namespace
+{
+
+bool HasOpaquePixelsOnly(const Bitmap& picture)
+{
+    const std::uint32_t* const pixels = orvane::Pixels(picture);
+    const std::int64_t count = std::int64_t{picture.Width()} * picture.Height();
+    return std::all_of(pixels, pixels + count, [](std::uint32_t pixel) { return pixel >> 24 == 255U; });
+}
+
+} // namespace
+
 Canvas::~Canvas() = default;
 
 void Canvas::Create(long x, long y, long width, long height)
@@ -48,9 +60,37 @@ void Canvas::Paint(Bitmap& screen, const render::Rectangle<int>& area, long left
     const std::uint32_t* source = Pixels(picture) + (painted.top - top) * picture.Width() + (painted.left - left);
     std::uint32_t* destination = Pixels(screen) + painted.top * screen.Width() + painted.left;
     const int count = static_cast<int>(painted.right - painted.left);
+    const bool opaque = IsKnownOpaque();
     for (std::int64_t y = painted.top; y < painted.bottom; ++y) {
-        raster::BlendRow(destination, source, count);
+        if (opaque) {
+            std::copy_n(source, count, destination);
+        } else {
+            raster::BlendRow(destination, source, count);
+        }
         source += picture.Width();
         destination += screen.Width();
     }
+}
+
+bool Canvas::IsOpaque() const
+{
+    if (m_bitmap == nullptr || m_bitmap->Width() < Width() || m_bitmap->Height() < Height()) {
+        return false;
+    }
+    if (m_examined != m_bitmap || m_examinedRevision != m_bitmap->Revision()) {
+        m_examined = m_bitmap;
+        m_examinedRevision = m_bitmap->Revision();
+        m_isExamined = false;
+        return false;
+    }
+    if (!m_isExamined) {
+        m_hasOpaquePicture = HasOpaquePixelsOnly(*m_bitmap);
+        m_isExamined = true;
+    }
+    return m_hasOpaquePicture;
+}
+
+bool Canvas::IsKnownOpaque() const
+{
+    return m_isExamined && m_hasOpaquePicture && m_examined == m_bitmap && m_examinedRevision == m_bitmap->Revision();
 }

@@ -3,6 +3,7 @@
 
 #include "host/window.h"
 #include "orvane/control_area.h"
+#include "orvane/control_index.h"
 #include "orvane/number32.h"
 #include "orvane/running_host.h"
 
@@ -22,10 +23,9 @@ void CControlBase::SetPos(long x, long y)
     if (newX == m_x && newY == m_y) {
         return;
     }
-    orvane::InvalidatePlace(*this);
+    const orvane::PlaceChange change(*this);
     m_x = newX;
     m_y = newY;
-    orvane::InvalidatePlace(*this);
 }
 
 void CControlBase::SetSize(long width, long height)
@@ -35,10 +35,9 @@ void CControlBase::SetSize(long width, long height)
     if (newWidth == m_width && newHeight == m_height) {
         return;
     }
-    orvane::InvalidatePlace(*this);
+    const orvane::PlaceChange change(*this);
     m_width = newWidth;
     m_height = newHeight;
-    orvane::InvalidatePlace(*this);
 }
 
 void CControlBase::Invalidate()

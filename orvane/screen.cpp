@@ -5,6 +5,7 @@
 #include "host/window.h"
 #include "orvane/area.h"
 #include "orvane/control_area.h"
+#include "orvane/control_index.h"
 #include "orvane/dialog_stack.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ public:
         }
     }
 
-    /// Calls the visitor with every common part.
+    /// Calls the visitor with the number of each area that the place reaches into, and their common part.
     template <typename Visitor> void VisitCommon(const Area& place, Visitor visitor) const
     {
         if (Intersection(place, m_bounds).IsEmpty()) {
@@ -44,7 +45,7 @@ public:
         for (; area != m_areas.end() && area->y < place.bottom; ++area) {
             const Area common = Intersection(AreaOf(*area), place);
             if (!common.IsEmpty()) {
-                visitor(RectangleOf(common));
+                visitor(static_cast<std::size_t>(area - m_areas.begin()), RectangleOf(common));
             }
         }
     }
@@ -102,24 +103,53 @@ void Screen::ComposeAll()
     Compose();
 }
 
-void Screen::Paint(const Damage::Rectangles& areas)
+/// Lists the controls that may reach into the areas, the lowest first.
+void Screen::FindControls(const Damage::Rectangles& areas)
 {
-    for (const auto& area : areas) {
-        m_picture->FillRect(area, m_background);
-    }
-
-    const PaintAreas paintAreas(areas);
-    for (const CDialog* dialog : ShownDialogs()) {
+    m_controls.clear();
+    for (CDialog* dialog : ShownDialogs()) {
+        ControlIndex* const index = ControlIndex::Of(*dialog);
+        if (index != nullptr && index->Find(areas, m_controls)) {
+            continue;
+        }
         for (const CControlBase* control = dialog->FirstControl(); control != nullptr;
              control = control->NextControl()) {
-            if (!control->IsShown()) {
-                continue;
-            }
-            const Area place = PlaceOnScreen(*control);
-            paintAreas.VisitCommon(place, [&](const render::Rectangle<int>& common) {
-                control->Paint(*m_picture, common, static_cast<long>(place.left), static_cast<long>(place.top));
-            });
+            m_controls.push_back(control);
         }
+    }
+    std::erase_if(m_controls, [](const CControlBase* control) { return !control->IsShown(); });
+}
+
+void Screen::Paint(const Damage::Rectangles& areas)
+{
+    FindControls(areas);
+    const PaintAreas paintAreas(areas);
+
+    // What an opaque control hides in the whole of an area is not painted there.
+    constexpr std::size_t kBackground = 0;
+    m_lowest.assign(areas.size(), kBackground);
+    for (std::size_t i = 0; i < m_controls.size(); ++i) {
+        const CControlBase& control = *m_controls[i];
+        paintAreas.VisitCommon(PlaceOnScreen(control), [&](std::size_t area, const render::Rectangle<int>& common) {
+            if (common == areas[area] && control.IsOpaque()) {
+                m_lowest[area] = i + 1;
+            }
+        });
+    }
+
+    for (std::size_t area = 0; area < areas.size(); ++area) {
+        if (m_lowest[area] == kBackground) {
+            m_picture->FillRect(areas[area], m_background);
+        }
+    }
+    for (std::size_t i = 0; i < m_controls.size(); ++i) {
+        const CControlBase& control = *m_controls[i];
+        const Area place = PlaceOnScreen(control);
+        paintAreas.VisitCommon(place, [&](std::size_t area, const render::Rectangle<int>& common) {
+            if (i + 1 >= m_lowest[area]) {
+                control.Paint(*m_picture, common, static_cast<long>(place.left), static_cast<long>(place.top));
+            }
+        });
     }
 }
 

@@ -6,7 +6,11 @@
 #include "host/rgba.h"
 #include "orvane/damage.h"
 
+#include <cstddef>
 #include <memory>
+#include <vector>
+
+class CControlBase;
 
 namespace orvane
 {
@@ -40,6 +44,7 @@ private:
         void operator()(Bitmap* bitmap) const;
     };
 
+    void FindControls(const Damage::Rectangles& areas);
     void Paint(const Damage::Rectangles& areas);
 
     int m_width;
@@ -48,6 +53,9 @@ private:
     std::unique_ptr<Bitmap, BitmapDestroyer> m_picture;
     Damage m_damage;
     Damage::Rectangles m_composed;
+    // Working memory of Paint.
+    std::vector<const CControlBase*> m_controls;
+    std::vector<std::size_t> m_lowest; ///< for each area the number of the lowest control to paint, from 1
 };
 
 } // namespace orvane

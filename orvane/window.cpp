@@ -2,6 +2,7 @@
 #include "host/window.h"
 
 #include "orvane/control_area.h"
+#include "orvane/control_index.h"
 #include "orvane/dialog_stack.h"
 #include "orvane/number32.h"
 
@@ -9,6 +10,7 @@
 
 CWindowBase::~CWindowBase()
 {
+    orvane::ControlIndex::Drop(*this);
     while (m_first != nullptr) {
         Unlink(m_first);
     }
@@ -79,10 +81,12 @@ void CWindowBase::Link(CControlBase* control, CControlBase* before)
     (after == nullptr ? m_first : after->m_next) = control;
     (before == nullptr ? m_last : before->m_prev) = control;
     ++m_count;
+    orvane::ControlIndex::Enter(*control);
 }
 
 void CWindowBase::Unlink(CControlBase* control)
 {
+    orvane::ControlIndex::Leave(*control);
     (control->m_prev == nullptr ? m_first : control->m_prev->m_next) = control->m_next;
     (control->m_next == nullptr ? m_last : control->m_next->m_prev) = control->m_prev;
     control->m_window = nullptr;

@@ -81,12 +81,17 @@ public:
 class RandomScene
 {
 public:
-    explicit RandomScene(unsigned seed) : m_random(seed), m_host(Settings())
+    /// The screen's width in pixels, and how many controls there are from the start.
+    RandomScene(unsigned seed, int width, int crowd) : m_random(seed), m_width(width), m_host(Settings())
     {
         for (int i = 0; i < 3; ++i) {
             m_dialogs.push_back(std::make_unique<CDialog>());
             m_bitmaps.push_back(MakeNoise(Below(30), Below(30), m_random));
         }
+        m_bitmaps.push_back(MakeBitmap(kOpaqueWidth, 25));
+        FillOpaquely(*m_bitmaps.back());
+        for (int i = 0; i < crowd; ++i)
+            AddCanvas(*m_dialogs[i % 8 == 0 ? 1 : 0], nullptr);
     }
 
     void Change()
@@ -96,10 +101,7 @@ public:
         Bitmap* const bitmap = m_bitmaps[Index(m_bitmaps)].get();
         const int choice = Below(20);
         if (choice < 3) {
-            m_canvases.push_back(std::make_unique<CheckedCanvas>());
-            m_canvases.back()->Create(Place(), Place(), Below(40) - 2, Below(40) - 2);
-            m_canvases.back()->SetBitmap(bitmap);
-            dialog.AddCntrlAfter(m_canvases.back().get(), canvas);
+            AddCanvas(dialog, canvas);
         } else if (choice == 3) {
             Hide(dialog);
         } else if (choice < 6) {
@@ -112,7 +114,7 @@ public:
             std::erase(m_shown, m_dialogs.front().get());
             m_dialogs.front() = std::make_unique<CDialog>();
         } else if (choice == 8 && Below(4) == 0) {
-            m_host.SetActiveSize(Below(60), 1 + Below(60));
+            m_host.SetActiveSize(Below(m_width + 12), 1 + Below(m_width + 12));
         } else if (choice == 9) {
             Render::Instance().InvalidateArea({Place(), Place(), Place(), Place()});
         } else if (canvas != nullptr) {
@@ -147,11 +149,13 @@ public:
     }
 
 private:
+    static constexpr int kOpaqueWidth = 40; ///< of the picture that has no see-through pixel at first
+
     orvane::Settings Settings()
     {
         orvane::Settings settings;
-        settings.width = 48;
-        settings.height = 40;
+        settings.width = m_width;
+        settings.height = m_width * 5 / 6;
         settings.background = {10, 200, 30, 128};
         settings.observer = &m_observer;
         return settings;
@@ -163,7 +167,20 @@ private:
     int Place()
     {
         constexpr int kFar[] = {std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), -32768, 40000};
-        return Below(12) == 0 ? kFar[Below(4)] : Below(70) - 20;
+        return Below(12) == 0 ? kFar[Below(4)] : Below(m_width * 3 / 2) - 20;
+    }
+
+    void AddCanvas(CDialog& dialog, CControlBase* after)
+    {
+        m_canvases.push_back(std::make_unique<CheckedCanvas>());
+        m_canvases.back()->Create(Place(), Place(), Below(40) - 2, Below(40) - 2);
+        m_canvases.back()->SetBitmap(m_bitmaps[Index(m_bitmaps)].get());
+        dialog.AddCntrlAfter(m_canvases.back().get(), after);
+    }
+
+    static void FillOpaquely(Bitmap& bitmap)
+    {
+        bitmap.FillRect({0, 0, bitmap.Width(), bitmap.Height()}, {200, 100, 0, 255});
     }
 
     void Show(CDialog& dialog)
@@ -206,7 +223,10 @@ private:
             break;
         case 17:
             canvas.SetBitmap(&bitmap);
-            bitmap.FillRect({0, 0, 5, 5}, {0, 0, 255, 99});
+            if (bitmap.Width() == kOpaqueWidth && Below(2) == 0)
+                FillOpaquely(bitmap);
+            else
+                bitmap.FillRect({0, 0, 5, 5}, {0, 0, 255, 99});
             for (const auto& item : m_canvases) {
                 if (item->GetBitmap() == &bitmap)
                     item->Invalidate();
@@ -246,6 +266,7 @@ private:
     }
 
     std::mt19937 m_random;
+    int m_width;
     AreaObserver m_observer;
     orvane::Host m_host;
     std::vector<OwnedBitmap> m_bitmaps;
@@ -257,10 +278,23 @@ private:
 TEST(Compose, DamageAloneGivesThePictureOfEverything)
 {
     for (unsigned seed = 0; seed < 40; ++seed) {
-        RandomScene scene(seed);
+        RandomScene scene(seed, 48, 0);
         for (int step = 0; step < 250; ++step) {
             scene.Change();
             if (seed % 2 == 0 || step % 5 == 0) {
+                ASSERT_NO_FATAL_FAILURE(scene.Check()) << "seed " << seed << ", step " << step;
+            }
+        }
+    }
+}
+
+TEST(Compose, DamageAloneGivesThePictureOfEverythingWithACrowdOfControls)
+{
+    for (unsigned seed = 0; seed < 10; ++seed) {
+        RandomScene scene(seed, 400, 250);
+        for (int step = 0; step < 400; ++step) {
+            scene.Change();
+            if (step % 9 == 0) {
                 ASSERT_NO_FATAL_FAILURE(scene.Check()) << "seed " << seed << ", step " << step;
             }
         }

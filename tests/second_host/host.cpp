@@ -430,6 +430,10 @@ void Canvas::SetBitmap(Bitmap* bitmap)
     m_bitmap = bitmap;
 }
 void Canvas::Paint(Bitmap&, const render::Rectangle<int>&, long, long) const {}
+bool Canvas::IsOpaque() const
+{
+    return false;
+}
 
 void Canvas::Create(long x, long y, long width, long height)
 {
