@@ -113,7 +113,6 @@ private:
     friend class CPocket;
 
     void DeletePockets();
-    bool CutSheet(const Bitmap& sheet, long cardWidth, long cardHeight, CLList& textures) const;
     /// Makes the card object's face show the back.
     void ShowBackOnFace(CObject& card);
 

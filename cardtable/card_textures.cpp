@@ -8,10 +8,6 @@
 #include "geometry/list_walk.h"
 #include "geometry/polygon.h"
 #include "host/bitmap.h"
-#include "host/render.h"
-
-#include <algorithm>
-#include <limits>
 
 namespace
 {
@@ -41,13 +37,6 @@ public:
     CLList list;
 };
 
-/// The start of a cell in a sheet; one that no sheet can reach where the product does not fit.
-int CellStart(long cellSize, long index)
-{
-    constexpr long long kOutside = std::numeric_limits<int>::max();
-    return static_cast<int>(std::min(static_cast<long long>(cellSize) * index, kOutside));
-}
-
 Bitmap* NumberedTexture(CLList& textures, long columns, long row, long column)
 {
     long number = WrapToInt32(static_cast<long long>(WrapToInt32(row)) * columns + WrapToInt32(column));
@@ -68,34 +57,7 @@ long ShowOnFace(CObject* card, Bitmap* texture)
     return 1;
 }
 
-/// More cards than any sheet has: a grid beyond it is a mistake, and would take all memory.
-constexpr long long kMostCards = 65536;
-
 } // namespace
-
-bool CCardTable::CutSheet(const Bitmap& sheet, long cardWidth, long cardHeight, CLList& textures) const
-{
-    const int width = static_cast<int>(cardWidth);
-    const int height = static_cast<int>(cardHeight);
-    const long long fullRows = std::max(m_numRows - 1LL, 0LL);
-    if (fullRows * std::max(m_numColumns, 0L) + m_numLastRow > kMostCards || m_numRows > kMostCards) {
-        return false;
-    }
-    for (long row = 0; row < m_numRows; ++row) {
-        const long count = row == m_numRows - 1 ? m_numLastRow : m_numColumns;
-        for (long column = 0; column < count; ++column) {
-            ScopedBitmap card(BitmapManager::Instance().Create(width, height));
-            if (card.Get() == nullptr) {
-                return false;
-            }
-            Render::Instance().Copy(&sheet, card.Get(), 0, 0, CellStart(cardWidth, column), CellStart(cardHeight, row),
-                                    width, height);
-            textures.InsertLast(card.Get(), 0);
-            card.Release();
-        }
-    }
-    return true;
-}
 
 long CCardTable::LoadTextures(const char* faceSheetFile, const char* backFile, int makeShaded, double shadeFactor)
 {
@@ -107,16 +69,11 @@ long CCardTable::LoadTextures(const char* faceSheetFile, const char* backFile, i
     }
     ScopedTextures faces;
     ScopedTextures shaded;
-    if (!CutSheet(*sheet.Get(), m_cardWidth, m_cardHeight, faces.list)) {
+    if (!CutSheet(*sheet.Get(), {m_numRows, m_numColumns, m_numLastRow, m_cardWidth, m_cardHeight}, faces.list)) {
         return 0;
     }
     if (m_makeShaded != 0) {
-        for (const Bitmap* face : TypedWalk<Bitmap>(faces.list)) {
-            ScopedBitmap copy(CopyOf(*face));
-            ScaleBytes(*copy.Get(), shadeFactor);
-            shaded.list.InsertLast(copy.Get(), 0);
-            copy.Release();
-        }
+        ShadeTextures(faces.list, shadeFactor, shaded.list);
     }
     faces.Replace(m_cardTextures);
     shaded.Replace(m_shadedTextures);
@@ -127,7 +84,9 @@ long CCardTable::LoadAdditionalCardTexture(const char* sheetFile)
 {
     const ScopedBitmap sheet(LoadBitmap(sheetFile));
     ScopedTextures faces;
-    if (sheet.Get() == nullptr || !CutSheet(*sheet.Get(), m_additionalCardWidth, m_additionalCardHeight, faces.list)) {
+    if (sheet.Get() == nullptr ||
+        !CutSheet(*sheet.Get(), {m_numRows, m_numColumns, m_numLastRow, m_additionalCardWidth, m_additionalCardHeight},
+                  faces.list)) {
         return 0;
     }
     faces.Replace(m_additionalTextures);
