@@ -44,7 +44,7 @@ struct Means {
 Means MeansFor(double texelsPerPixel)
 {
     constexpr double share = 0.714;
-    constexpr double stepsPerOctave = 4;
+    constexpr double stepsPerOctave = 3;
     const double width = std::exp2(std::round(std::log2(texelsPerPixel * share) * stepsPerOctave) / stepsPerOctave);
     if (width >= 2) {
         return {width / 2, kBlurWhole / 2};

@@ -11,7 +11,7 @@ namespace orvane::raster
 {
 
 /// The copy of a window that is best read with one bilinear sample a pixel, from about half size down: of means that
-/// are about a pixel wide and lie about half a pixel apart. The widths make a ladder of four an octave, for each axis
+/// are about a pixel wide and lie about half a pixel apart. The widths make a ladder of three an octave, for each axis
 /// of the picture by itself. Empty where the picture itself is read.
 std::optional<CopyRequest> CopyForOneSample(const TexelWindow& window, const Footprint& footprint);
 

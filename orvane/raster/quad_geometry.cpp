@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 
 namespace orvane::raster
 {
@@ -41,6 +42,25 @@ CornerBounds BoundsOf(const Quad& quad)
     const auto [left, right] = std::minmax({quad[0].x, quad[1].x, quad[2].x, quad[3].x});
     const auto [top, bottom] = std::minmax({quad[0].y, quad[1].y, quad[2].y, quad[3].y});
     return {left, top, right, bottom};
+}
+
+Origin OriginOf(const CornerBounds& bounds)
+{
+    constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
+    if (std::int64_t{bounds.right} - bounds.left >= most || std::int64_t{bounds.bottom} - bounds.top >= most) {
+        return {0, 0};
+    }
+    return {bounds.left >> 1, bounds.top >> 1};
+}
+
+Quad MovedTo(const Quad& quad, const Origin& origin)
+{
+    Quad moved = quad;
+    for (Corner& corner : moved) {
+        corner.x -= 2 * origin.x;
+        corner.y -= 2 * origin.y;
+    }
+    return moved;
 }
 
 WideInteger TwiceArea(Corner a, Corner b, Corner c)

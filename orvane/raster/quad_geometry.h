@@ -8,7 +8,8 @@ namespace orvane::raster
 {
 
 /// The difference of two 32-bit coordinates has 33 bits, a product of two such 66, a sum of two products 67.
-__extension__ typedef __int128 WideInteger; // NOLINT(modernize-use-using): no using takes __extension__
+// NOLINTNEXTLINE(modernize-use-using): no using takes __extension__.
+__extension__ typedef __int128 WideInteger;
 
 /// A corner, in half pixels.
 struct Corner {
@@ -27,6 +28,16 @@ struct CornerBounds {
 };
 
 CornerBounds BoundsOf(const Quad& quad);
+
+/// A pixel of the target from which a quadrilateral is worked out, so that its picture is the same wherever it lies.
+struct Origin {
+    int x;
+    int y;
+};
+
+/// The pixel at the upper left of the corners; (0, 0) where corners can't be told from there in 32 bits.
+Origin OriginOf(const CornerBounds& bounds);
+Quad MovedTo(const Quad& quad, const Origin& origin);
 
 /// Twice the signed area of the triangle a, b, c; positive when it runs clockwise on the screen (y down). Exact.
 WideInteger TwiceArea(Corner a, Corner b, Corner c);

@@ -32,6 +32,9 @@ struct Footprint {
     double vy = 0;
 };
 
+/// In perspective, pixels of a square tile this wide share the footprint at its middle.
+inline constexpr int kFootprintTile = 16;
+
 /// Maps pixels of the target to points of the picture, corner to corner.
 ///
 /// A strictly convex quadrilateral has the projective map of the unit square, followed by the bilinear one from the
@@ -42,21 +45,6 @@ struct Footprint {
 class QuadMapping
 {
 public:
-    QuadMapping(const Quad& quad, const TexelCorners& texels);
-
-    /// The points at the centres of count pixels of row y, from column x.
-    void MapRow(int x, int y, int count, TexelPoint* points) const;
-    Footprint FootprintAt(double x, double y) const;
-    /// The footprint at the middle of the corners.
-    Footprint MiddleFootprint() const { return FootprintAt(m_middleX, m_middleY); }
-    /// True when every pixel has the same footprint.
-    bool IsAffine() const { return m_shape == Shape::Affine; }
-    /// Present when pixels fall on texels one to one, upright.
-    std::optional<TexelOffset> Translation() const;
-
-private:
-    enum class Shape { Affine, Projective, ProjectiveThenBilinear, TwoTriangles };
-
     /// (x, y, 1) . coefficients.
     struct Linear {
         double x = 0;
@@ -70,6 +58,34 @@ private:
         Linear v;
         Linear w{0, 0, 1};
     };
+
+    QuadMapping(const Quad& quad, const TexelCorners& texels);
+
+    /// The points at the centres of count pixels of row y, from column x.
+    void MapRow(int x, int y, int count, TexelPoint* points) const;
+    Footprint FootprintAt(double x, double y) const;
+    /// The footprint at the middle of a tile of pixels, given by its number across and down.
+    Footprint TileFootprint(int column, int row) const
+    {
+        return FootprintAt((column + 0.5) * kFootprintTile, (row + 0.5) * kFootprintTile);
+    }
+    /// The footprint at the middle of the corners.
+    Footprint MiddleFootprint() const { return FootprintAt(m_middleX, m_middleY); }
+    /// True when every pixel has the same footprint.
+    bool IsAffine() const { return m_shape == Shape::Affine; }
+    /// The map where it is one projective map, or null.
+    const Plane* ProjectivePlane() const
+    {
+        return m_shape == Shape::Affine || m_shape == Shape::Projective ? &m_plane : nullptr;
+    }
+    /// A lower bound of Plane::w inside a projective quadrilateral, which falls to 0 only outside.
+    double LeastWeight() const { return m_leastWeight; }
+    /// Present when pixels fall on texels one to one, upright.
+    std::optional<TexelOffset> Translation() const;
+
+private:
+    enum class Shape { Affine, Projective, ProjectiveThenBilinear, TwoTriangles };
+
     /// A triangle's map, and for each of its corners the weight that is 1 there and 0 on the opposite side.
     struct Triangle {
         Plane plane;

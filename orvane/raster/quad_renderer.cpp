@@ -5,6 +5,8 @@
 #include "orvane/pixel.h"
 #include "orvane/raster/copy_choice.h"
 #include "orvane/raster/filtered_copies.h"
+#include "orvane/raster/kernels.h"
+#include "orvane/raster/renderer_choice.h"
 #include "orvane/raster/texel_source.h"
 
 #include <algorithm>
@@ -92,6 +94,26 @@ TexelSource SourceOf(const Bitmap& picture, const TexelWindow& window, const Foo
     return PartOf(picture, window);
 }
 
+/// The part of a picture that a quadrilateral shows, in the copy that suits its size.
+struct PictureView {
+    TexelSource source;
+    TexelCorners corners; ///< in texels of the source
+    TexelPoint least;     ///< of the corners
+    TexelPoint most;
+
+    PictureView(const Bitmap& picture, const TexelCorners& texels, const Quad& quad, Filter filter)
+    {
+        const TexelRange range = RangeOf(texels);
+        const TexelWindow window = WindowOf(range, picture);
+        const Footprint footprint = QuadMapping(quad, texels).MiddleFootprint();
+        source = SourceOf(picture, window, footprint, filter);
+        const SourceSpace toSource(window, source);
+        std::transform(texels.begin(), texels.end(), corners.begin(), toSource);
+        least = toSource(range.least);
+        most = toSource(range.most);
+    }
+};
+
 /// The pixels of one axis that lie between two coordinates in half pixels, cut to the target.
 struct PixelSpan {
     int begin;
@@ -155,34 +177,115 @@ void QuadRenderer::DrawInto(Bitmap& target)
     if (columns.begin >= columns.end || rows.begin >= rows.end) {
         return;
     }
-    m_coverage.Start(m_quad, columns.begin, columns.end);
+    const PixelRange pixels{columns.begin, rows.begin, columns.end, rows.end};
+    const bool fast = CurrentRenderer() == Renderer::Fast;
+    if (!fast || !(DrawUpright(target, pixels) || DrawFast(target, bounds, pixels))) {
+        DrawPlainly(target, bounds, pixels);
+    }
+}
 
-    const TexelRange range = RangeOf(m_texels);
-    const TexelWindow window = WindowOf(range, *m_texture);
-    const Footprint footprint = QuadMapping(m_quad, m_texels).MiddleFootprint();
-    const TexelSource source = SourceOf(*m_texture, window, footprint, m_filter);
-    const SourceSpace toSource(window, source);
-    TexelCorners corners;
-    std::transform(m_texels.begin(), m_texels.end(), corners.begin(), toSource);
-    const QuadMapping mapping(m_quad, corners);
-    const Sampler sampler(source, toSource(range.least), toSource(range.most));
-    SpanFiller filler(Pixels(target), target.Width(), mapping, sampler, m_filter);
-    for (int y = rows.begin; y < rows.end; ++y) {
-        m_coverage.ForEachRun(y, [&](const CoverageRun& run) {
-            Record(y, run);
-            filler.Fill(y, run);
+bool QuadRenderer::DrawUpright(Bitmap& target, const PixelRange& pixels)
+{
+    std::optional<UprightJob> job = RecogniseUpright(m_quad, m_texels, *m_texture, pixels);
+    if (!job) {
+        return false;
+    }
+    job->target = Pixels(target);
+    job->targetStride = target.Width();
+    CurrentKernels().drawUpright(*job);
+    m_lastDrawn.Set(pixels.left, pixels.top, pixels.right, pixels.bottom);
+    return true;
+}
+
+bool QuadRenderer::DrawFast(Bitmap& target, const CornerBounds& bounds, const PixelRange& pixels)
+{
+    if (!IsOfFastSize(bounds)) {
+        return false;
+    }
+    const Origin origin = OriginOf(bounds);
+    const Quad quad = MovedTo(m_quad, origin);
+    const PictureView view(*m_texture, m_texels, quad, m_filter);
+    const QuadMapping mapping(quad, view.corners);
+    std::optional<QuadJob> job = MakeQuadJob(quad, mapping, view.source, view.least, view.most);
+    if (!job) {
+        return false;
+    }
+    job->left = pixels.left - origin.x;
+    job->top = pixels.top - origin.y;
+    job->right = pixels.right - origin.x;
+    job->bottom = pixels.bottom - origin.y;
+    job->target = Pixels(target);
+    job->targetStride = target.Width();
+    job->originX = origin.x;
+    job->originY = origin.y;
+    if (m_filter == Filter::OneSample) {
+        RecordArea(CurrentKernels().drawQuad(*job), origin);
+    } else {
+        DrawFiltered(*job, mapping);
+    }
+    return true;
+}
+
+void QuadRenderer::DrawFiltered(QuadJob& job, const QuadMapping& mapping)
+{
+    const Origin origin{job.originX, job.originY};
+    job.patterns = m_patterns.data();
+    if (mapping.IsAffine()) {
+        const SamplePattern pattern(mapping.MiddleFootprint());
+        m_patterns[0] = MakeJobPattern(pattern);
+        if (pattern.Count() == 1) {
+            job.patterns = nullptr;
+        }
+        RecordArea(CurrentKernels().drawQuad(job), origin);
+        return;
+    }
+    const int bottom = job.bottom;
+    for (int row = job.top / kFootprintTile; job.top < bottom; ++row) {
+        job.bottom = std::min((row + 1) * kFootprintTile, bottom);
+        for (int column = job.left / kFootprintTile; column * kFootprintTile < job.right; ++column) {
+            m_patterns[static_cast<std::size_t>(column)] =
+                MakeJobPattern(SamplePattern(mapping.TileFootprint(column, row)));
+        }
+        RecordArea(CurrentKernels().drawQuad(job), origin);
+        job.top = job.bottom;
+    }
+}
+
+/// Takes the area into the drawn rectangle. Areas come from top to bottom.
+void QuadRenderer::RecordArea(const DrawnArea& area, const Origin& origin)
+{
+    if (area.left >= area.right) {
+        return;
+    }
+    Record(area.top + origin.y, area.left + origin.x, area.right + origin.x);
+    m_lastDrawn.bottom = area.bottom + origin.y;
+}
+
+void QuadRenderer::DrawPlainly(Bitmap& target, const CornerBounds& bounds, const PixelRange& pixels)
+{
+    const Origin origin = OriginOf(bounds);
+    const Quad quad = MovedTo(m_quad, origin);
+    m_coverage.Start(quad, pixels.left - origin.x, pixels.right - origin.x);
+    const PictureView view(*m_texture, m_texels, quad, m_filter);
+    const QuadMapping mapping(quad, view.corners);
+    const Sampler sampler(view.source, view.least, view.most);
+    SpanFiller filler(Pixels(target), target.Width(), origin, mapping, sampler, m_filter);
+    for (int y = pixels.top; y < pixels.bottom; ++y) {
+        m_coverage.ForEachRun(y - origin.y, [&](const CoverageRun& run) {
+            Record(y, run.begin + origin.x, run.end + origin.x);
+            filler.Fill(y - origin.y, run);
         });
     }
 }
 
 /// Takes the run into the drawn rectangle. Rows come from top to bottom.
-void QuadRenderer::Record(int y, const CoverageRun& run)
+void QuadRenderer::Record(int y, int begin, int end)
 {
     CRect& drawn = m_lastDrawn;
     if (drawn.right == 0) {
-        drawn.Set(run.begin, y, run.end, y + 1);
+        drawn.Set(begin, y, end, y + 1);
     } else {
-        drawn.Set(std::min<long>(drawn.left, run.begin), drawn.top, std::max<long>(drawn.right, run.end), y + 1);
+        drawn.Set(std::min<long>(drawn.left, begin), drawn.top, std::max<long>(drawn.right, end), y + 1);
     }
 }
 

@@ -3,10 +3,15 @@
 
 #include "host/polygon_render.h"
 #include "host/rect.h"
+#include "orvane/raster/fast_quad.h"
 #include "orvane/raster/quad_geometry.h"
 #include "orvane/raster/quad_mapping.h"
 #include "orvane/raster/row_coverage.h"
 #include "orvane/raster/span_filler.h"
+#include "orvane/raster/upright_quad.h"
+
+#include <array>
+#include <cstddef>
 
 class Bitmap;
 
@@ -39,14 +44,22 @@ public:
     CRect* GetLastDrawnRect() override;
 
 private:
+    static constexpr std::size_t kMostTiles = kMostFastPixels / kFootprintTile + 1;
+
     void DrawInto(Bitmap& target);
-    void Record(int y, const CoverageRun& run);
+    bool DrawUpright(Bitmap& target, const PixelRange& pixels);
+    bool DrawFast(Bitmap& target, const CornerBounds& bounds, const PixelRange& pixels);
+    void DrawFiltered(QuadJob& job, const QuadMapping& mapping);
+    void DrawPlainly(Bitmap& target, const CornerBounds& bounds, const PixelRange& pixels);
+    void RecordArea(const DrawnArea& area, const Origin& origin);
+    void Record(int y, int begin, int end);
 
     Bitmap* m_texture = nullptr; ///< not owned
     TexelCorners m_texels{};
     Quad m_quad{};
     Filter m_filter = Filter::OneSample;
     RowCoverage m_coverage;
+    std::array<JobPattern, kMostTiles> m_patterns; ///< of a row of tiles
     CRect m_boundingBox;
     CRect m_lastDrawn; ///< empty when nothing was
 };

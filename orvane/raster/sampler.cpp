@@ -12,6 +12,9 @@ namespace
 
 constexpr int kWeightBits = 12;
 constexpr std::uint32_t kWholeWeight = 1U << kWeightBits;
+/// 256 samples of it, times a colour of 8.8 bits, just fit into 32 bits.
+constexpr std::uint32_t kWholeShare = 256;
+constexpr std::uint32_t kLeastShare = 16;
 
 /// Also for values that are not numbers, which give the lower limit.
 double Held(double value, double least, double most)
@@ -31,7 +34,7 @@ int SamplesAlong(double length, int limit)
     if (!(length > negligible)) {
         return 1;
     }
-    return static_cast<int>(std::min<double>(std::ceil(length) + 1, limit));
+    return static_cast<int>(std::clamp<double>(std::round(length), 2, limit));
 }
 
 /// n samples at equal distances vary less than the continuous segment; this is what they must be stretched by.
@@ -65,19 +68,14 @@ Footprint BeyondOneTexel(const Footprint& j)
 SamplePattern::SamplePattern(const Footprint& footprint)
 {
     const Footprint spread = BeyondOneTexel(footprint);
-    const int columns = SamplesAlong(std::hypot(spread.ux, spread.vx), kMaxPerSide);
-    const int rows = SamplesAlong(std::hypot(spread.uy, spread.vy), kMaxPerSide);
-    const double stretchX = Stretch(columns);
-    const double stretchY = Stretch(rows);
-    m_count = 0;
-    for (int row = 0; row < rows; ++row) {
-        const double y = ((row + 0.5) / rows - 0.5) * stretchY;
-        for (int column = 0; column < columns; ++column) {
-            const double x = ((column + 0.5) / columns - 0.5) * stretchX;
-            m_offsets[static_cast<std::size_t>(m_count++)] = {spread.ux * x + spread.uy * y,
-                                                              spread.vx * x + spread.vy * y};
-        }
-    }
+    m_columns = SamplesAlong(std::hypot(spread.ux, spread.vx), kMaxPerSide);
+    m_rows = SamplesAlong(std::hypot(spread.uy, spread.vy), kMaxPerSide);
+    const double x = Stretch(m_columns) / m_columns;
+    const double y = Stretch(m_rows) / m_rows;
+    m_across = {spread.ux * x, spread.vx * x};
+    m_down = {spread.uy * y, spread.vy * y};
+    m_first = {-(m_across.u * (m_columns - 1) + m_down.u * (m_rows - 1)) / 2,
+               -(m_across.v * (m_columns - 1) + m_down.v * (m_rows - 1)) / 2};
 }
 
 Sampler::Sampler(const TexelSource& source, TexelPoint least, TexelPoint most)
@@ -93,11 +91,6 @@ bool Sampler::HoldsTexels(int column, int row, int count) const
 {
     return column >= m_leastRead.u && column + (count - 1) <= m_mostRead.u && row >= m_leastRead.v &&
            row <= m_mostRead.v;
-}
-
-bool Sampler::Holds(TexelPoint point) const
-{
-    return point.u >= m_least.u && point.u <= m_most.u && point.v >= m_least.v && point.v <= m_most.v;
 }
 
 WideColour Sampler::Bilinear(TexelPoint point) const
@@ -123,18 +116,31 @@ WideColour Sampler::Bilinear(TexelPoint point) const
     return colour.Reduced();
 }
 
+/// How much a sample counts, of kWholeShare: by how far the square of one texel around it lies in the rectangle. Never
+/// nothing, so that a mean of samples that all lie outside, or nearly, is as exact as any other.
+std::uint32_t Sampler::Share(TexelPoint point) const
+{
+    const auto along = [](double at, double least, double most) {
+        return Held(std::min(at + 0.5, most) - std::max(at - 0.5, least), 0, 1);
+    };
+    const double share = along(point.u, m_least.u, m_most.u) * along(point.v, m_least.v, m_most.v);
+    return kLeastShare + static_cast<std::uint32_t>(share * (kWholeShare - kLeastShare) + 0.5);
+}
+
 WideColour Sampler::MeanAround(TexelPoint point, const SamplePattern& pattern) const
 {
     WideColour sum;
-    std::uint32_t count = 0;
-    for (const TexelPoint& offset : pattern) {
-        const TexelPoint place{point.u + offset.u, point.v + offset.v};
-        if (Holds(place)) {
-            sum = sum + Bilinear(place);
-            ++count;
+    std::uint32_t total = 0;
+    for (int row = 0; row < pattern.Rows(); ++row) {
+        for (int column = 0; column < pattern.Columns(); ++column) {
+            const TexelPoint offset = pattern.At(column, row);
+            const TexelPoint place{point.u + offset.u, point.v + offset.v};
+            const std::uint32_t share = Share(place);
+            sum = sum + Bilinear(place) * share;
+            total += share;
         }
     }
-    return count > 0 ? sum.DividedBy(count) : Bilinear(point);
+    return sum.DividedBy(total);
 }
 
 void Sampler::SampleRow(const TexelPoint* points, int count, const SamplePattern& pattern, WideColour* colours) const

@@ -5,8 +5,6 @@
 #include "orvane/raster/texel_source.h"
 #include "orvane/raster/wide_colour.h"
 
-#include <array>
-
 namespace orvane::raster
 {
 
@@ -18,19 +16,32 @@ namespace orvane::raster
 class SamplePattern
 {
 public:
+    static constexpr int kMaxPerSide = 16;
+
     /// The middle alone.
     SamplePattern() = default;
     explicit SamplePattern(const Footprint& footprint);
 
-    const TexelPoint* begin() const { return m_offsets.data(); }
-    const TexelPoint* end() const { return m_offsets.data() + m_count; }
-    int Count() const { return m_count; }
+    ///@{
+    /// The samples stand in a grid.
+    int Columns() const { return m_columns; }
+    int Rows() const { return m_rows; }
+    TexelPoint First() const { return m_first; }
+    TexelPoint AcrossStep() const { return m_across; }
+    TexelPoint DownStep() const { return m_down; }
+    ///@}
+    int Count() const { return m_columns * m_rows; }
+    TexelPoint At(int column, int row) const
+    {
+        return {m_first.u + m_across.u * column + m_down.u * row, m_first.v + m_across.v * column + m_down.v * row};
+    }
 
 private:
-    static constexpr int kMaxPerSide = 16;
-
-    std::array<TexelPoint, kMaxPerSide * kMaxPerSide> m_offsets{};
-    int m_count = 1;
+    int m_columns = 1;
+    int m_rows = 1;
+    TexelPoint m_first;
+    TexelPoint m_across;
+    TexelPoint m_down;
 };
 
 /// Reads colours of a picture, bilinearly, with 12 bits of weight on each axis. Points are held inside the given
@@ -43,11 +54,12 @@ public:
     const TexelSource& Source() const { return m_source; }
     /// True when the texels of a row from the given column on are what sampling at their centres would give.
     bool HoldsTexels(int column, int row, int count) const;
-    /// For every point the mean of those samples around it that lie in the rectangle: 8.8 bits in each lane.
+    /// For every point the mean of the samples around it, each as far as it lies in the rectangle: 8.8 bits in each
+    /// lane.
     void SampleRow(const TexelPoint* points, int count, const SamplePattern& pattern, WideColour* colours) const;
 
 private:
-    bool Holds(TexelPoint point) const;
+    std::uint32_t Share(TexelPoint point) const;
     WideColour Bilinear(TexelPoint point) const;
     WideColour MeanAround(TexelPoint point, const SamplePattern& pattern) const;
 

@@ -13,15 +13,15 @@ namespace orvane::raster
 namespace
 {
 
-/// Pixels that are worked out together, at columns that are multiples of it, so that a pixel's colour does not depend
-/// on where its run begins. In perspective they share the footprint at their middle.
-constexpr int kBlock = 16;
+/// Pixels of a row that are worked out together, at columns that are multiples of it, so that a pixel's colour does not
+/// depend on where its run begins.
+constexpr int kBlock = kFootprintTile;
 
 } // namespace
 
-SpanFiller::SpanFiller(std::uint32_t* target, std::ptrdiff_t stride, const QuadMapping& mapping, const Sampler& sampler,
-                       Filter filter)
-    : m_target(target), m_stride(stride), m_mapping(mapping), m_sampler(sampler), m_filter(filter),
+SpanFiller::SpanFiller(std::uint32_t* target, std::ptrdiff_t stride, const Origin& origin, const QuadMapping& mapping,
+                       const Sampler& sampler, Filter filter)
+    : m_target(target), m_stride(stride), m_origin(origin), m_mapping(mapping), m_sampler(sampler), m_filter(filter),
       m_translation(mapping.Translation())
 {
     if (filter == Filter::WholeFootprint && mapping.IsAffine()) {
@@ -41,6 +41,11 @@ void SpanFiller::Fill(int y, const CoverageRun& run)
     }
 }
 
+std::uint32_t* SpanFiller::TargetAt(int x, int y) const
+{
+    return m_target + (m_origin.y + y) * m_stride + m_origin.x + x;
+}
+
 /// The way of an upright picture at whole pixels: nothing is to be filtered.
 bool SpanFiller::CopyTexels(int y, const CoverageRun& run) const
 {
@@ -53,7 +58,7 @@ bool SpanFiller::CopyTexels(int y, const CoverageRun& run) const
     if (!m_sampler.HoldsTexels(column, row, count)) {
         return false;
     }
-    BlendRow(m_target + y * m_stride + run.begin, m_sampler.Source().Row(row) + column, count);
+    BlendRow(TargetAt(run.begin, y), m_sampler.Source().Row(row) + column, count);
     return true;
 }
 
@@ -61,19 +66,17 @@ void SpanFiller::FillBlock(int y, int begin, int end, const CoverageRun& run)
 {
     std::array<TexelPoint, kBlock> points;
     std::array<WideColour, kBlock> colours;
-    std::array<std::uint32_t, kBlock> pixels;
     const int count = end - begin;
     m_mapping.MapRow(begin, y, count, points.data());
     if (m_filter == Filter::WholeFootprint && !m_mapping.IsAffine()) {
-        m_pattern = SamplePattern(m_mapping.FootprintAt(begin / kBlock * kBlock + kBlock / 2, y + 0.5));
+        m_pattern = SamplePattern(m_mapping.TileFootprint(begin / kFootprintTile, y / kFootprintTile));
     }
     m_sampler.SampleRow(points.data(), count, m_pattern, colours.data());
+    std::uint32_t* const target = TargetAt(begin, y);
     for (int i = 0; i < count; ++i) {
         const std::uint32_t coverage = run.each != nullptr ? run.each[begin + i - run.begin] : run.all;
-        const std::size_t at = static_cast<std::size_t>(i);
-        pixels[at] = (colours[at] * coverage).TopBytes();
+        target[i] = (colours[static_cast<std::size_t>(i)] * coverage).Over(target[i]);
     }
-    BlendRow(m_target + y * m_stride + begin, pixels.data(), count);
 }
 
 } // namespace orvane::raster

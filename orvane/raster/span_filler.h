@@ -23,18 +23,21 @@ enum class Filter {
 class SpanFiller
 {
 public:
-    /// The target's pixels and their row length; the mapping leads from the target's pixels to the sampler's source.
-    SpanFiller(std::uint32_t* target, std::ptrdiff_t stride, const QuadMapping& mapping, const Sampler& sampler,
-               Filter filter);
+    /// The target's pixels and their row length. The mapping leads from pixels, counted from the origin, to the
+    /// sampler's source; columns and rows of runs count from there too.
+    SpanFiller(std::uint32_t* target, std::ptrdiff_t stride, const Origin& origin, const QuadMapping& mapping,
+               const Sampler& sampler, Filter filter);
 
     void Fill(int y, const CoverageRun& run);
 
 private:
+    std::uint32_t* TargetAt(int x, int y) const;
     bool CopyTexels(int y, const CoverageRun& run) const;
     void FillBlock(int y, int begin, int end, const CoverageRun& run);
 
     std::uint32_t* m_target;
     std::ptrdiff_t m_stride;
+    Origin m_origin;
     const QuadMapping& m_mapping;
     const Sampler& m_sampler;
     Filter m_filter;

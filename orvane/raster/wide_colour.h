@@ -36,12 +36,14 @@ struct WideColour {
         constexpr std::uint64_t low = 0x0000FFFF0000FFFFU;
         return {(blueRed + half) >> 16 & low, (greenAlpha + half) >> 16 & low};
     }
-    /// Divides each lane, rounding to nearest. A lane and half the divisor together stay below 2^32.
+    /// Divides each lane by a divisor above 0, rounding to nearest. A lane and half the divisor together stay below
+    /// 2^32.
     WideColour DividedBy(std::uint32_t divisor) const
     {
         const auto divide = [divisor](std::uint64_t lanes) {
             const std::uint64_t low = (lanes & 0xFFFFFFFFU) + divisor / 2;
             const std::uint64_t high = (lanes >> 32) + divisor / 2;
+            // No sample pattern is empty: NOLINTNEXTLINE(clang-analyzer-core.DivideZero)
             return low / divisor | high / divisor << 32;
         };
         return {divide(blueRed), divide(greenAlpha)};
@@ -52,12 +54,17 @@ struct WideColour {
         return (static_cast<std::uint32_t>(blueRed | blueRed >> 16) & 0xFF00FFU) |
                (static_cast<std::uint32_t>(greenAlpha << 8 | greenAlpha >> 8) & 0xFF00FF00U);
     }
-    /// The pixel of a colour whose lanes hold 255 * 2^24 at most: the top byte of each, rounded to nearest.
-    std::uint32_t TopBytes() const
+    /// Source-over of a colour whose lanes hold 255 * 2^24 at most, rounded once, to nearest, and held at 255.
+    std::uint32_t Over(std::uint32_t destination) const
     {
-        constexpr std::uint64_t half = 0x0080000000800000U;
-        constexpr std::uint64_t low = 0x000000FF000000FFU;
-        return WideColour{(blueRed + half) >> 24 & low, (greenAlpha + half) >> 24 & low}.LowBytes();
+        constexpr std::uint64_t whole = 255U << 24;
+        const std::uint64_t keep = whole - (greenAlpha >> 32);
+        const auto channel = [&](std::uint64_t source, unsigned shift) {
+            const std::uint64_t sum = (source & 0xFFFFFFFFU) + (destination >> shift & 255U) * keep / 255 + (1U << 23);
+            return static_cast<std::uint32_t>(sum >= whole ? 255U : sum >> 24) << shift;
+        };
+        return channel(blueRed, 0) | channel(greenAlpha, 8) | channel(blueRed >> 32, 16) |
+               channel(greenAlpha >> 32, 24);
     }
 };
 
