@@ -58,7 +58,9 @@ void Text(std::ostream& out, double x, double y, const std::string& anchor, cons
 
 void DrawAxes(std::ostream& out, const Scale& scale)
 {
-    for (double value = 0.0; value <= scale.Most() + 1e-9; value += Scale::kStep) {
+    const int lines = static_cast<int>(scale.Most() / Scale::kStep + 1e-9);
+    for (int line = 0; line <= lines; ++line) {
+        const double value = line * Scale::kStep;
         out << "<line x1=\"" << kLeft << "\" y1=\"" << scale.Y(value) << "\" x2=\"" << kWidth - kRight << "\" y2=\""
             << scale.Y(value) << "\" stroke=\"#ddd\"/>\n";
         std::ostringstream label;
