@@ -3,23 +3,18 @@
 
 #include "host/bitmap.h"
 #include "host/log.h"
-
-#include <SDL.h>
-#include <SDL_image.h>
+#include "orvane/image_codec.h"
+#include "orvane/pixel.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <memory>
+#include <vector>
 
 namespace orvane
 {
 
 namespace
 {
-
-struct SurfaceFreer {
-    void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
-};
 
 /// A premultiplied channel as a straight one, rounded to nearest. A colour above its alpha counts as full.
 std::uint32_t Straight(std::uint32_t channel, std::uint32_t alpha)
@@ -42,24 +37,20 @@ std::uint32_t StraightPixel(std::uint32_t pixel)
 bool SavePng(const Bitmap& bitmap, const std::string& file)
 {
     const Log log("orvane.image");
-    const std::unique_ptr<SDL_Surface, SurfaceFreer> surface(
-        SDL_CreateRGBSurfaceWithFormat(0, bitmap.Width(), bitmap.Height(), 32, SDL_PIXELFORMAT_ARGB8888));
-    if (bitmap.Buffer() == nullptr || surface == nullptr) {
-        log.Error("cannot write %s: there is no picture", file.c_str());
+    try {
+        const std::uint32_t* const source = Pixels(bitmap);
+        if (source == nullptr) {
+            throw ImageError("there is no picture");
+        }
+        std::vector<std::uint32_t> straight(static_cast<std::size_t>(bitmap.Width()) *
+                                            static_cast<std::size_t>(bitmap.Height()));
+        std::transform(source, source + straight.size(), straight.begin(), StraightPixel);
+        EncodePng(straight, bitmap.Width(), bitmap.Height(), file);
+        return true;
+    } catch (const ImageError& error) {
+        log.Error("cannot write %s: %s", file.c_str(), error.what());
         return false;
     }
-    const auto* source = reinterpret_cast<const std::uint32_t*>(bitmap.Buffer());
-    for (int y = 0; y < bitmap.Height(); ++y) {
-        auto* const row = reinterpret_cast<std::uint32_t*>(static_cast<std::uint8_t*>(surface->pixels) +
-                                                           static_cast<std::ptrdiff_t>(y) * surface->pitch);
-        std::transform(source, source + bitmap.Width(), row, StraightPixel);
-        source += bitmap.Width();
-    }
-    if (IMG_SavePNG(surface.get(), file.c_str()) != 0) {
-        log.Error("cannot write %s: %s", file.c_str(), SDL_GetError());
-        return false;
-    }
-    return true;
 }
 
 } // namespace orvane

@@ -9,7 +9,7 @@
 class PictureFile
 {
 public:
-    /// The colour of each pixel is 0xAARRGGBB with straight alpha.
+    /// The colour of each pixel is opaque, 0xFFRRGGBB.
     PictureFile(int width, int height, const std::function<std::uint32_t(int x, int y)>& colour);
     ~PictureFile();
     PictureFile(const PictureFile&) = delete;

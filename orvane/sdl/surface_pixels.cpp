@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "orvane/surface_pixels.h"
+#include "orvane/sdl/surface_pixels.h"
 
 #include "host/bitmap.h"
 #include "orvane/pixel.h"

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <stdexcept>
+#include <string>
+
+class Bitmap;
+
+/// What the host needs of an image library. One of the codec folders is built in: sdl/ where SDL2_image stands, stb/
+/// elsewhere (see ORVANE_IMAGE_LIBRARY in the build file).
+namespace orvane
+{
+
+/// Why a file gives no picture, or cannot be written: one clause for a log line.
+class ImageError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Throws an ImageError for a picture that is larger on a side than a bitmap can be.
+void RequireAllowedImageSize(std::int64_t width, std::int64_t height);
+
+/// Decodes a picture file from memory into the bitmap, which gets the picture's size. The extension, without its dot,
+/// tells the formats that the contents do not tell. Throws ImageError, and std::bad_alloc.
+void DecodeImage(std::span<const std::uint8_t> file, const std::string& extension, Bitmap& bitmap);
+
+/// Writes rows of straight-alpha 0xAARRGGBB pixels without gaps as a PNG file. Throws ImageError, and std::bad_alloc.
+void EncodePng(std::span<const std::uint32_t> pixels, int width, int height, const std::string& file);
+
+} // namespace orvane
