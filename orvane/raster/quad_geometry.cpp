@@ -11,11 +11,11 @@ namespace orvane::raster
 namespace
 {
 
-WideInteger Cross(Corner from, Corner to, Corner otherFrom, Corner otherTo)
+SignedArea Cross(Corner from, Corner to, Corner otherFrom, Corner otherTo)
 {
-    const WideInteger x = WideInteger{to.x} - from.x;
-    const WideInteger y = WideInteger{to.y} - from.y;
-    return x * (WideInteger{otherTo.y} - otherFrom.y) - y * (WideInteger{otherTo.x} - otherFrom.x);
+    const auto difference = [](std::int32_t end, std::int32_t start) { return std::int64_t{end} - start; };
+    return SignedArea::Cross(difference(to.x, from.x), difference(to.y, from.y), difference(otherTo.x, otherFrom.x),
+                             difference(otherTo.y, otherFrom.y));
 }
 
 bool IsOnEdge(Corner from, Corner to, Corner point)
@@ -63,12 +63,12 @@ Quad MovedTo(const Quad& quad, const Origin& origin)
     return moved;
 }
 
-WideInteger TwiceArea(Corner a, Corner b, Corner c)
+SignedArea TwiceArea(Corner a, Corner b, Corner c)
 {
     return Cross(a, b, a, c);
 }
 
-WideInteger TwiceArea(const Quad& quad)
+SignedArea TwiceArea(const Quad& quad)
 {
     return Cross(quad[0], quad[2], quad[1], quad[3]);
 }

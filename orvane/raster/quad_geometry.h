@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "orvane/raster/signed_area.h"
+
 #include <array>
 #include <cstdint>
 
 namespace orvane::raster
 {
-
-/// The difference of two 32-bit coordinates has 33 bits, a product of two such 66, a sum of two products 67.
-// NOLINTNEXTLINE(modernize-use-using): no using takes __extension__.
-__extension__ typedef __int128 WideInteger;
 
 /// A corner, in half pixels.
 struct Corner {
@@ -40,11 +38,11 @@ Origin OriginOf(const CornerBounds& bounds);
 Quad MovedTo(const Quad& quad, const Origin& origin);
 
 /// Twice the signed area of the triangle a, b, c; positive when it runs clockwise on the screen (y down). Exact.
-WideInteger TwiceArea(Corner a, Corner b, Corner c);
+SignedArea TwiceArea(Corner a, Corner b, Corner c);
 
 /// Twice the signed area of the quadrilateral, with the sign of TwiceArea. Exact; for a folded one the lobes count
 /// against each other.
-WideInteger TwiceArea(const Quad& quad);
+SignedArea TwiceArea(const Quad& quad);
 
 /// True when every corner turns strictly clockwise: then, and only then, the projective map of a rectangle onto the
 /// corners has no pole inside.

@@ -23,11 +23,6 @@ double Difference(std::int32_t to, std::int32_t from)
     return static_cast<double>(std::int64_t{to} - from);
 }
 
-double ToDouble(WideInteger value)
-{
-    return static_cast<double>(value);
-}
-
 bool IsParallelogram(const Quad& quad)
 {
     return std::int64_t{quad[0].x} + quad[2].x == std::int64_t{quad[1].x} + quad[3].x &&
@@ -61,10 +56,10 @@ QuadMapping::QuadMapping(const Quad& quad, const TexelCorners& texels)
 // that nothing cancels. They are in half pixels and slopes in pixels: hence each factor 2.
 void QuadMapping::SetProjective(const Quad& quad, const TexelCorners& texels)
 {
-    const double area012 = ToDouble(TwiceArea(quad[0], quad[1], quad[2]));
-    const double area013 = ToDouble(TwiceArea(quad[0], quad[1], quad[3]));
-    const double area023 = ToDouble(TwiceArea(quad[0], quad[2], quad[3]));
-    const double area123 = ToDouble(TwiceArea(quad[1], quad[2], quad[3]));
+    const double area012 = TwiceArea(quad[0], quad[1], quad[2]).ToDouble();
+    const double area013 = TwiceArea(quad[0], quad[1], quad[3]).ToDouble();
+    const double area023 = TwiceArea(quad[0], quad[2], quad[3]).ToDouble();
+    const double area123 = TwiceArea(quad[1], quad[2], quad[3]).ToDouble();
     const double w1 = area013 / area023;
     const double w3 = area013 / area012;
     const double w0 = area013 / area123;
@@ -133,7 +128,7 @@ QuadMapping::Triangle QuadMapping::MakeTriangle(const Quad& quad, const TexelCor
                                                 const std::array<std::size_t, 3>& at)
 {
     Triangle triangle;
-    const double area = ToDouble(TwiceArea(quad[at[0]], quad[at[1]], quad[at[2]]));
+    const double area = TwiceArea(quad[at[0]], quad[at[1]], quad[at[2]]).ToDouble();
     if (area == 0) {
         return triangle;
     }

@@ -72,8 +72,8 @@ public:
     void Paint(Bitmap& screen, const Rectangle& area, long left, long top) const override
     {
         EXPECT_TRUE(area.width > 0 && area.height > 0);
-        EXPECT_TRUE(area.x >= left && area.x + area.width <= left + Width());
-        EXPECT_TRUE(area.y >= top && area.y + area.height <= top + Height());
+        EXPECT_TRUE(area.x >= left && area.x + area.width <= std::int64_t{left} + Width());
+        EXPECT_TRUE(area.y >= top && area.y + area.height <= std::int64_t{top} + Height());
         Canvas::Paint(screen, area, left, top);
     }
 };

@@ -54,7 +54,7 @@ TEST(Rect, ValuesBeyond32BitsWrap)
     if (sizeof(long) == 4)
         GTEST_SKIP() << "long has 32 bits";
     const long turn = static_cast<long>(std::int64_t{1} << 32);
-    const CRect rect = MakeRect({turn + 1, -turn - 2, kMax + 1, turn * 5 + 4});
+    const CRect rect = MakeRect({turn + 1, -turn - 2, static_cast<long>(std::int64_t{kMax} + 1), turn * 5 + 4});
     EXPECT_EQ(Edges(rect), (std::array<long, 4>{1, -2, kMin, 4}));
     CRect direct;
     direct.right = turn + 7;
