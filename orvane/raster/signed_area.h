@@ -31,7 +31,10 @@ public:
     {
         return area.m_high != 0 ? area.m_high <=> std::int64_t{zero} : area.m_low <=> std::int64_t{zero};
     }
-    friend constexpr bool operator==(const SignedArea& area, int zero) { return (area <=> zero) == 0; }
+    friend constexpr bool operator==(const SignedArea& area, int zero)
+    {
+        return area.m_high == 0 && area.m_low == zero;
+    }
 
 private:
     static constexpr int kLowBits = 16;
