@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "orvane/raster/area_filter.h"
 
-#include "orvane/raster/wide_colour.h"
-
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -13,72 +11,178 @@ namespace orvane::raster
 namespace
 {
 
-/// The sums of four channels; at most 255 * 32767 * 32767, so far from an overflow.
-using Sums = std::array<std::uint64_t, 4>;
+constexpr std::size_t kChannels = 4;
 
-void Add(Sums& sums, const Sums& colour, std::uint64_t weight)
+// Sums of weighted channels are whole numbers and exact in floating point, which compilers make vectors of where wide
+// whole numbers stay scalar: over a column of 32767 texels at most 2^23, over a rectangle 2^38.
+
+/// A row of sums over columns, channel by channel.
+using ColumnSums = std::vector<float>;
+/// The four sums over a rectangle.
+using Sums = std::array<double, kChannels>;
+
+void AddTexels(ColumnSums& sums, const std::uint32_t* texels, float weight)
 {
+    const std::uint8_t* const channels = reinterpret_cast<const std::uint8_t*>(texels);
     for (std::size_t i = 0; i < sums.size(); ++i) {
-        sums[i] += colour[i] * weight;
+        sums[i] += static_cast<float>(channels[i]) * weight;
     }
 }
 
-Sums ChannelsOf(std::uint32_t pixel)
+void Add(Sums& sums, const float* colour, double weight)
 {
-    return {pixel & 0xFFU, pixel >> 8 & 0xFFU, pixel >> 16 & 0xFFU, pixel >> 24};
-}
-
-std::uint32_t Mean(const Sums& sums, std::uint64_t total)
-{
-    std::uint32_t pixel = 0;
     for (std::size_t i = 0; i < sums.size(); ++i) {
-        pixel |= static_cast<std::uint32_t>((sums[i] + total / 2) / total) << (8 * i);
+        sums[i] += static_cast<double>(colour[i]) * weight;
     }
-    return pixel;
 }
 
-/// Shares out one axis: calls share(to, weight) for each new step that the old step "from" overlaps (one or two). An
-/// old step is newCount units long and a new one oldCount, so that all weights are whole.
-template <typename Share> void ShareStep(int from, int oldCount, int newCount, const Share& share)
+/// Divides sums by their total weight, to nearest.
+class Divider
+{
+public:
+    explicit Divider(double total) : m_inverse(1 / total), m_half((total + 0.5) / 2 * m_inverse) {}
+    /// Halves, which go up, lie a quarter of a unit above the border, more than rounding errors reach.
+    std::uint8_t operator()(double sum) const
+    {
+        return static_cast<std::uint8_t>(static_cast<int>(sum * m_inverse + m_half));
+    }
+
+private:
+    double m_inverse;
+    double m_half;
+};
+
+/// What an old step gives to the new steps that it overlaps, one or two. An old step is newCount units long and a new
+/// one oldCount, so that all weights are whole.
+struct Share {
+    std::size_t to;
+    double first;
+    double second; ///< to the step behind
+};
+
+Share ShareOf(int from, int oldCount, int newCount)
 {
     const std::int64_t begin = std::int64_t{from} * newCount;
     const std::int64_t end = begin + newCount;
-    const int to = static_cast<int>(begin / oldCount);
-    const std::int64_t border = std::int64_t{to + 1} * oldCount;
-    share(to, static_cast<std::uint64_t>(std::min(end, border) - begin));
-    if (end > border) {
-        share(to + 1, static_cast<std::uint64_t>(end - border));
+    const std::int64_t to = begin / oldCount;
+    const std::int64_t border = std::min(end, (to + 1) * oldCount);
+    return {static_cast<std::size_t>(to), static_cast<double>(border - begin), static_cast<double>(end - border)};
+}
+
+std::vector<Share> SharesOf(int oldCount, int newCount)
+{
+    std::vector<Share> shares(static_cast<std::size_t>(oldCount));
+    for (int i = 0; i < oldCount; ++i) {
+        shares[static_cast<std::size_t>(i)] = ShareOf(i, oldCount, newCount);
+    }
+    return shares;
+}
+
+/// Makes a row of the smaller picture from sums over columns.
+class RowShrinker
+{
+public:
+    RowShrinker(const TexelSource& source, int width)
+        : m_shares(SharesOf(source.width, width)), m_sums(static_cast<std::size_t>(width)),
+          m_mean(static_cast<double>(source.width) * source.height), m_columnMean(source.height)
+    {
+    }
+    void operator()(const ColumnSums& columns, std::uint32_t* pixels)
+    {
+        std::uint8_t* const channels = reinterpret_cast<std::uint8_t*>(pixels);
+        if (m_sums.size() == m_shares.size()) {
+            std::transform(columns.begin(), columns.end(), channels, m_columnMean);
+            return;
+        }
+        std::fill(m_sums.begin(), m_sums.end(), Sums{});
+        for (std::size_t x = 0; x < m_shares.size(); ++x) {
+            const Share& share = m_shares[x];
+            Add(m_sums[share.to], columns.data() + kChannels * x, share.first);
+            if (share.second > 0) {
+                Add(m_sums[share.to + 1], columns.data() + kChannels * x, share.second);
+            }
+        }
+        std::transform(m_sums.front().data(), m_sums.back().data() + kChannels, channels, m_mean);
+    }
+
+private:
+    std::vector<Share> m_shares;
+    std::vector<Sums> m_sums;
+    Divider m_mean;
+    Divider m_columnMean;
+};
+
+/// A value and its neighbours on both sides: weights of 2^16 together.
+class BlurAxis
+{
+public:
+    explicit BlurAxis(std::uint32_t neighbour) : m_beside(65536 * neighbour / (kBlurWhole + 2 * neighbour) * 2) {}
+    /// What stands beyond a border so that the blurred pixel there is the mean of it and its one neighbour alone.
+    std::uint16_t Beyond(std::uint16_t border, std::uint16_t inner) const
+    {
+        const std::uint32_t sum = border * (65536 - m_beside) + inner * (m_beside / 2);
+        return static_cast<std::uint16_t>(sum / (65536 - m_beside / 2));
+    }
+    /// For colours in 8.8 bits; 255 comes out at most 2^-8 too small, 0 stays.
+    std::uint16_t operator()(std::uint16_t before, std::uint16_t here, std::uint16_t behind) const
+    {
+        const std::uint32_t mean = (std::uint32_t{before} + behind) >> 1;
+        return static_cast<std::uint16_t>((here * (65536 - m_beside) >> 16) + (mean * m_beside >> 16));
+    }
+
+private:
+    std::uint32_t m_beside; ///< the weight of both neighbours
+};
+
+/// A row of channels in 8.8 bits; in a row to be blurred along itself, a pixel stands beyond either end.
+using BlurRow = std::vector<std::uint16_t>;
+
+void Unpack(const std::uint32_t* texels, const BlurAxis& axis, BlurRow& row)
+{
+    const std::size_t inner = row.size() - 2 * kChannels;
+    const auto unpack = [](std::uint8_t channel) { return static_cast<std::uint16_t>(channel << 8); };
+    const std::uint8_t* const channels = reinterpret_cast<const std::uint8_t*>(texels);
+    std::uint16_t* const first = row.data() + kChannels;
+    std::uint16_t* const last = row.data() + inner;
+    const std::size_t step = inner > kChannels ? kChannels : 0;
+    std::transform(channels, channels + inner, first, unpack);
+    for (std::size_t i = 0; i < kChannels; ++i) {
+        row[i] = axis.Beyond(first[i], first[step + i]);
+        last[kChannels + i] = axis.Beyond(last[i], *(last + i - step));
     }
 }
 
-void ShrinkRow(const std::uint32_t* texels, int oldWidth, std::vector<Sums>& row)
+BlurRow RowBeyond(const BlurAxis& axis, const std::uint16_t* border, const std::uint16_t* inner, std::size_t size)
 {
-    std::fill(row.begin(), row.end(), Sums{});
-    const int width = static_cast<int>(row.size());
-    for (int x = 0; x < oldWidth; ++x) {
-        const Sums colour = ChannelsOf(texels[x]);
-        ShareStep(x, oldWidth, width,
-                  [&](int to, std::uint64_t weight) { Add(row[static_cast<std::size_t>(to)], colour, weight); });
+    BlurRow row(size);
+    for (std::size_t i = 0; i < size; ++i) {
+        row[i] = axis.Beyond(border[i], inner[i]);
+    }
+    return row;
+}
+
+void BlurAlong(const BlurRow& texels, const BlurAxis& axis, std::uint16_t* row)
+{
+    const std::uint16_t* const before = texels.data();
+    for (std::size_t i = 0; i < texels.size() - 2 * kChannels; ++i) {
+        row[i] = axis(before[i], before[i + kChannels], before[i + 2 * kChannels]);
     }
 }
 
-/// A pixel with its neighbours, where there are any; read(i) gives the colour at i.
-template <typename Read> WideColour WeightedSum(const Read& read, int at, int count, std::uint32_t neighbour)
-{
-    WideColour sum = read(at) * kBlurWhole;
-    if (at > 0) {
-        sum = sum + read(at - 1) * neighbour;
-    }
-    if (at + 1 < count) {
-        sum = sum + read(at + 1) * neighbour;
-    }
-    return sum;
-}
+/// Three rows that lie over each other.
+struct BlurColumn {
+    const std::uint16_t* before;
+    const std::uint16_t* here;
+    const std::uint16_t* behind;
 
-std::uint32_t TotalWeight(int at, int count, std::uint32_t neighbour)
-{
-    return kBlurWhole + (at > 0 ? neighbour : 0) + (at + 1 < count ? neighbour : 0);
-}
+    void Blur(const BlurAxis& axis, std::uint32_t* pixels, std::size_t width) const
+    {
+        std::uint8_t* const channels = reinterpret_cast<std::uint8_t*>(pixels);
+        for (std::size_t i = 0; i < width * kChannels; ++i) {
+            channels[i] = static_cast<std::uint8_t>((axis(before[i], here[i], behind[i]) + 128U) >> 8);
+        }
+    }
+};
 
 } // namespace
 
@@ -86,63 +190,62 @@ std::vector<std::uint32_t> ShrinkByArea(const TexelSource& source, int width, in
 {
     const std::size_t columns = static_cast<std::size_t>(width);
     std::vector<std::uint32_t> picture(columns * static_cast<std::size_t>(height));
-    std::vector<Sums> row(columns);
+    RowShrinker shrinkRow(source, width);
     // A source row reaches into two rows of the picture at most: the one being summed up and the next.
-    std::vector<Sums> current(columns);
-    std::vector<Sums> next(columns);
-    const std::uint64_t total = static_cast<std::uint64_t>(source.width) * static_cast<std::uint64_t>(source.height);
-    int currentY = 0;
+    ColumnSums current(static_cast<std::size_t>(source.width) * kChannels);
+    ColumnSums next(current.size());
+    std::size_t currentY = 0;
     const auto finishRow = [&] {
-        std::uint32_t* pixels = picture.data() + columns * static_cast<std::size_t>(currentY);
-        std::transform(current.begin(), current.end(), pixels, [total](const Sums& sums) { return Mean(sums, total); });
+        shrinkRow(current, picture.data() + columns * currentY);
         current.swap(next);
-        std::fill(next.begin(), next.end(), Sums{});
+        std::fill(next.begin(), next.end(), 0.0F);
         ++currentY;
     };
     for (int y = 0; y < source.height; ++y) {
-        ShrinkRow(source.Row(y), source.width, row);
-        if (std::int64_t{y} * height >= std::int64_t{currentY + 1} * source.height) {
+        const Share share = ShareOf(y, source.height, height);
+        if (share.to != currentY) {
             finishRow();
         }
-        ShareStep(y, source.height, height, [&](int to, std::uint64_t weight) {
-            std::vector<Sums>& sums = to == currentY ? current : next;
-            for (std::size_t x = 0; x < columns; ++x) {
-                Add(sums[x], row[x], weight);
-            }
-        });
+        AddTexels(current, source.Row(y), static_cast<float>(share.first));
+        if (share.second > 0) {
+            AddTexels(next, source.Row(y), static_cast<float>(share.second));
+        }
     }
     finishRow();
     return picture;
 }
 
-void Blur(std::vector<std::uint32_t>& pixels, int width, int height, const BlurWeights& weights)
+std::vector<std::uint32_t> Blurred(const TexelSource& source, const BlurWeights& weights)
 {
-    const std::size_t columns = static_cast<std::size_t>(width);
-    // Rows summed along themselves; of three that follow each other, each stands at its number modulo 3.
-    std::array<std::vector<WideColour>, 3> rows;
-    rows.fill(std::vector<WideColour>(columns));
-    const auto rowAt = [&](int y) -> std::vector<WideColour>& { return rows[static_cast<std::size_t>(y % 3)]; };
-    const auto sumRow = [&](int y) {
-        const std::uint32_t* row = pixels.data() + columns * static_cast<std::size_t>(y);
-        const auto read = [row](int x) { return WideColour::From(row[x]); };
-        for (int x = 0; x < width; ++x) {
-            rowAt(y)[static_cast<std::size_t>(x)] = WeightedSum(read, x, width, weights.horizontal);
-        }
+    const BlurAxis along(weights.horizontal);
+    const BlurAxis across(weights.vertical);
+    const std::size_t columns = static_cast<std::size_t>(source.width);
+    std::vector<std::uint32_t> picture(columns * static_cast<std::size_t>(source.height));
+    BlurRow texels((columns + 2) * kChannels);
+    // Blurred along themselves; of three that follow each other, each stands at its number modulo 3.
+    std::array<BlurRow, 3> rows;
+    rows.fill(BlurRow(columns * kChannels));
+    const auto rowAt = [&](int y) { return rows[static_cast<std::size_t>(y % 3)].data(); };
+    const auto blurRow = [&](int y) {
+        Unpack(source.Row(y), along, texels);
+        BlurAlong(texels, along, rowAt(y));
     };
-    sumRow(0);
-    for (int y = 0; y < height; ++y) {
-        if (y + 1 < height) {
-            sumRow(y + 1);
+    const int last = source.height - 1;
+    const int inner = std::min(last, 1);
+    blurRow(0);
+    blurRow(inner);
+    BlurRow beyond = RowBeyond(across, rowAt(0), rowAt(inner), columns * kChannels);
+    for (int y = 0; y <= last; ++y) {
+        if (y > 0 && y < last) {
+            blurRow(y + 1);
+        } else if (y == last) {
+            beyond = RowBeyond(across, rowAt(y), rowAt(last - inner), columns * kChannels);
         }
-        const std::uint32_t total = TotalWeight(y, height, weights.vertical);
-        std::uint32_t* row = pixels.data() + columns * static_cast<std::size_t>(y);
-        for (int x = 0; x < width; ++x) {
-            const auto read = [&](int neighbour) { return rowAt(neighbour)[static_cast<std::size_t>(x)]; };
-            row[x] = WeightedSum(read, y, height, weights.vertical)
-                         .DividedBy(total * TotalWeight(x, width, weights.horizontal))
-                         .LowBytes();
-        }
+        const BlurColumn column{y > 0 ? rowAt(y - 1) : beyond.data(), rowAt(y),
+                                y < last ? rowAt(y + 1) : beyond.data()};
+        column.Blur(across, picture.data() + columns * static_cast<std::size_t>(y), columns);
     }
+    return picture;
 }
 
 } // namespace orvane::raster

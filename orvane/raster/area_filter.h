@@ -25,8 +25,9 @@ struct BlurWeights {
     friend bool operator==(const BlurWeights&, const BlurWeights&) = default;
 };
 
-/// Replaces every pixel by the weighted mean of it and its neighbours, as far as they lie in the picture. Rows follow
-/// each other without gaps. Throws std::bad_alloc.
-void Blur(std::vector<std::uint32_t>& pixels, int width, int height, const BlurWeights& weights);
+/// The picture with every pixel replaced by the weighted mean of it and its neighbours, good to 1/64 and rounded to
+/// nearest, as far as they lie in the picture. Opaque pixels stay opaque, clear ones clear. Rows follow each other
+/// without gaps. Throws std::bad_alloc.
+std::vector<std::uint32_t> Blurred(const TexelSource& source, const BlurWeights& weights);
 
 } // namespace orvane::raster

@@ -10,9 +10,9 @@
 namespace orvane::raster
 {
 
-/// The copy of a window that is best read with one bilinear sample a pixel, from about half size down: of means that
-/// are about a pixel wide and lie about half a pixel apart. The widths make a ladder of three an octave, for each axis
-/// of the picture by itself. Empty where the picture itself is read.
+/// The copy of a window that is best read with one bilinear sample a pixel, from a little under half size down: of
+/// means that are about a pixel wide and lie about half a pixel apart. The widths make a ladder of three an octave, for
+/// each axis of the picture by itself. Empty where the picture itself is read.
 std::optional<CopyRequest> CopyForOneSample(const TexelWindow& window, const Footprint& footprint);
 
 /// The copy for samples all over the footprint: halved as often as leaves the footprint at least three texels long,

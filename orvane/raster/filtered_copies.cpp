@@ -27,9 +27,13 @@ struct Copy {
 
 std::vector<std::uint32_t> PixelsOf(const Bitmap& bitmap, const CopyRequest& request)
 {
-    std::vector<std::uint32_t> pixels = ShrinkByArea(PartOf(bitmap, request.window), request.width, request.height);
+    const TexelSource part = PartOf(bitmap, request.window);
+    if (request.width == part.width && request.height == part.height) {
+        return Blurred(part, request.blur);
+    }
+    std::vector<std::uint32_t> pixels = ShrinkByArea(part, request.width, request.height);
     if (request.blur != BlurWeights{}) {
-        Blur(pixels, request.width, request.height, request.blur);
+        pixels = Blurred({pixels.data(), request.width, request.width, request.height}, request.blur);
     }
     return pixels;
 }

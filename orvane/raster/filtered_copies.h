@@ -12,8 +12,10 @@ class Bitmap;
 namespace orvane::raster
 {
 
-/// The pixels that all copies of the process take at most, in bytes. The copies used longest ago go first.
-inline constexpr std::size_t kFilteredCopyBudget = std::size_t{64} << 20;
+/// The pixels that all copies of the process take at most, in bytes. The copies used longest ago go first. Room for
+/// what 52 pictures of 240 x 336 need that tumble in every direction (109 MB): less would drop copies just before they
+/// are needed again.
+inline constexpr std::size_t kFilteredCopyBudget = std::size_t{128} << 20;
 
 /// Which copy of a bitmap.
 struct CopyRequest {
