@@ -22,3 +22,14 @@ foreach(folder host geometry animation scene cardtable)
 endforeach()
 install(FILES "${PROJECT_SOURCE_DIR}/orvane/orvane.h" "${PROJECT_SOURCE_DIR}/orvane/png_file.h"
         DESTINATION "${header_root}/orvane")
+
+# The window is there when SDL2 is.
+if(TARGET orvane_window)
+  target_include_directories(orvane_window PUBLIC $<INSTALL_INTERFACE:${header_root}>)
+  set_target_properties(orvane_window PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+                                                 INSTALL_RPATH "$ORIGIN")
+  install(TARGETS orvane_window EXPORT cardtable)
+  foreach(header events export frame_clock loop pixel_scale program window)
+    install(FILES "${PROJECT_SOURCE_DIR}/orvane/window/${header}.h" DESTINATION "${header_root}/orvane/window")
+  endforeach()
+endif()

@@ -86,9 +86,9 @@ void Host::SetActiveSize(int width, int height)
     InvalidateScreen();
 }
 
-void Host::SetClock(std::function<std::uint64_t()> clock)
+std::function<std::uint64_t()> Host::SetClock(std::function<std::uint64_t()> clock)
 {
-    running->clock = std::move(clock);
+    return std::exchange(running->clock, std::move(clock));
 }
 
 void Host::SetObserver(Observer* observer)

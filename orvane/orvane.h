@@ -77,8 +77,9 @@ public:
     /// of range, and then changes nothing. The game calls SetCameraFOV anew.
     void SetActiveSize(int width, int height);
     ///@{
-    /// Puts in another clock (empty: the monotonic one). A frame clock stands still within a frame.
-    void SetClock(std::function<std::uint64_t()> clock);
+    /// Puts in another clock (empty: the monotonic one) and returns the earlier one. A frame clock stands still within
+    /// a frame.
+    std::function<std::uint64_t()> SetClock(std::function<std::uint64_t()> clock);
     void SetObserver(Observer* observer);
     ///@}
 

@@ -46,5 +46,5 @@ quietly() {
 
 # What every build of the project needs.
 build_packages=(cmake make g++ pkg-config libsdl2-dev libsdl2-image-dev libwebp-dev libhwy-dev)
-test_packages=(libgtest-dev libcairo2-dev librsvg2-bin)
+test_packages=(libgtest-dev libcairo2-dev librsvg2-bin xvfb xdotool weston)
 jobs=$(nproc)
