@@ -21,7 +21,11 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Throws an ImageError for a picture that is larger on a side than a bitmap can be.
+/// The pixels of the largest picture that is decoded: 512 MiB as a bitmap. A few hundred bytes of some formats can
+/// claim any size.
+inline constexpr std::int64_t kMostImagePixels = std::int64_t{1} << 27;
+
+/// Throws an ImageError for a picture that is larger on a side than a bitmap can be, or has more than kMostImagePixels.
 void RequireAllowedImageSize(std::int64_t width, std::int64_t height);
 
 /// Decodes a picture file from memory into the bitmap, which gets the picture's size. The extension, without its dot,

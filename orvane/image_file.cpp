@@ -75,6 +75,10 @@ void RequireAllowedImageSize(std::int64_t width, std::int64_t height)
         throw ImageError("its size of " + std::to_string(width) + " x " + std::to_string(height) + " pixels is above " +
                          std::to_string(Bitmap::kMaxSide) + " on a side");
     }
+    if (width * height > kMostImagePixels) {
+        throw ImageError("its size of " + std::to_string(width) + " x " + std::to_string(height) + " pixels is above " +
+                         std::to_string(kMostImagePixels) + " in all");
+    }
 }
 
 std::string LoadImageFile(const std::string& file, Bitmap& bitmap)

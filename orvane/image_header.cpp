@@ -78,6 +78,13 @@ ImageHeader ReadPng(Bytes file)
     return header;
 }
 
+/// A block of 8 x 8 pixels takes at least one bit, so a picture much larger than its file is not whole.
+bool CanHoldJpeg(const ImageHeader& header, std::size_t fileSize)
+{
+    constexpr std::int64_t kMostPixelsPerByte = 512;
+    return header.width * header.height <= kMostPixelsPerByte * static_cast<std::int64_t>(fileSize);
+}
+
 /// Segments of marker and length, between them coded pixels, in which a marker byte is followed by 0.
 ImageHeader ReadJpeg(Bytes file)
 {
@@ -91,8 +98,9 @@ ImageHeader ReadJpeg(Bytes file)
             ++offset;
             continue;
         }
-        if (marker == 0xD9) {
-            return header; // the end of the picture
+        if (marker == 0xD9) { // the end of the picture
+            header.isWhole = CanHoldJpeg(header, file.size());
+            return header;
         }
         offset += 2;
         const bool standsAlone = marker == 0x01 || (marker >= 0xD0 && marker <= 0xD8);
@@ -175,12 +183,45 @@ ImageHeader ReadBmp(Bytes file)
     return header;
 }
 
+/// The bytes of a GIF colour table whose presence and size this byte of a header tells.
+std::size_t GifColourTable(std::uint8_t flags)
+{
+    return (flags & 0x80U) != 0 ? std::size_t{3} << ((flags & 7U) + 1) : 0;
+}
+
+/// The offset behind a chain of GIF data blocks, each with its length before it, the last one empty.
+std::size_t SkipGifBlocks(Bytes file, std::size_t offset)
+{
+    while (offset < file.size() && file[offset] != 0) {
+        offset += std::size_t{1} + file[offset];
+    }
+    return offset + 1;
+}
+
+/// The size of the screen, then pictures with sizes of their own, which may lie beyond it; between them extensions.
+/// Decoders skip what is neither.
 ImageHeader ReadGif(Bytes file)
 {
-    if (file.size() < 10) {
+    constexpr std::size_t kHeader = 13;
+    constexpr std::size_t kPictureHeader = 10;
+    if (file.size() < kHeader) {
         return kCutOff;
     }
-    return {LittleEndian(file, 6, 2), LittleEndian(file, 8, 2), true};
+    ImageHeader header{LittleEndian(file, 6, 2), LittleEndian(file, 8, 2), true};
+    std::size_t offset = kHeader + GifColourTable(file[10]);
+    while (offset + kPictureHeader <= file.size() && file[offset] != ';') {
+        if (file[offset] == '!') {
+            offset = SkipGifBlocks(file, offset + 2);
+        } else if (file[offset] == ',') {
+            header.width = std::max<std::int64_t>(header.width, LittleEndian(file, offset + 5, 2));
+            header.height = std::max<std::int64_t>(header.height, LittleEndian(file, offset + 7, 2));
+            offset += kPictureHeader + GifColourTable(file[offset + 9]);
+            offset = SkipGifBlocks(file, offset + 1);
+        } else {
+            ++offset;
+        }
+    }
+    return header;
 }
 
 } // namespace
