@@ -53,7 +53,8 @@ long CPointMove::FramesLeft() const
 void CPointMove::Advance(long count)
 {
     // Two billion frames on, the cursor stays: past its last frame a move does not begin again.
-    m_frame = static_cast<long>(std::min(static_cast<long long>(m_frame) + count, kLargest));
+    const long long steps = std::clamp<long long>(count, 0, kLargest);
+    m_frame = static_cast<long>(std::min(m_frame + steps, kLargest));
 }
 
 double CPointMove::GetPoint() const

@@ -29,7 +29,7 @@ public:
     void Next() { Advance(1); }
     void Prev();
     ///@}
-    /// The same as that many calls of Next, for a count of 0 or more.
+    /// The same as that many calls of Next; a count below 0 is taken as 0.
     void Advance(long count);
 
     /// 1 at and after the last frame, else 0.

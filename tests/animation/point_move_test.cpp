@@ -173,4 +173,15 @@ TEST(PointMove, AnyNumbersAreDefined)
     EXPECT_EQ(past.GetPoint(), 4);
 }
 
+TEST(PointMove, AdvancesByAnyCount)
+{
+    CPointMove move = Linear(0, 10, 11);
+    move.Advance(3);
+    move.Advance(std::numeric_limits<long>::min());
+    EXPECT_EQ(move.GetPoint(), 3);
+    move.Advance(std::numeric_limits<long>::max());
+    EXPECT_EQ(move.Exists(), 0);
+    EXPECT_EQ(move.GetPoint(), 10);
+}
+
 } // namespace
