@@ -55,14 +55,13 @@ void C3DMoveList::RemoveAll()
     if (m_ownsObjects == 0) {
         return;
     }
-    CLList objects;
+    // The moves go next, so they can hold what is to be deleted: destructors come here, and must not need memory. An
+    // object that dies is no target any more, so each is deleted once.
     for (C3DMove* move : TypedWalk<C3DMove>(m_moves)) {
-        if (CObject* const object = move->AnimatedObject()) {
-            objects.IfNotInsertLast(object);
-        }
+        move->m_object = move->AnimatedObject();
     }
-    for (CObject* object : TypedWalk<CObject>(objects)) {
-        delete object;
+    for (C3DMove* move : TypedWalk<C3DMove>(m_moves)) {
+        delete move->TargetObject();
     }
     DeleteMoves();
 }

@@ -68,11 +68,27 @@ long CObject::AddPolygon(CPolygon* polygon)
     }
     polygon->SetParent(this);
     const long inserted = m_polygons.IfNotInsertLast(polygon);
-    polygon->m_owner = this;
-    for (CSceneHandler* scene : TypedWalk<CSceneHandler>(m_scenes)) {
-        scene->AddPolygon(polygon);
+    try {
+        for (CSceneHandler* scene : TypedWalk<CSceneHandler>(m_scenes)) {
+            scene->AddPolygon(polygon);
+        }
+    } catch (...) {
+        if (inserted != 0) {
+            GiveBack(polygon);
+        }
+        throw;
     }
+    polygon->m_owner = this;
     return inserted;
+}
+
+/// Takes out the polygon that could not be added to every scene: it stays the caller's.
+void CObject::GiveBack(CPolygon* polygon)
+{
+    for (CSceneHandler* scene : TypedWalk<CSceneHandler>(m_scenes)) {
+        scene->RemovePolygon(polygon);
+    }
+    m_polygons.DeleteItem(polygon);
 }
 
 CPolygon* CObject::GetFrontPoly()
@@ -147,8 +163,14 @@ long CObject::AttachToScene(CSceneHandler* scene)
     if (scene == nullptr) {
         return 0;
     }
-    scene->m_attached.IfNotInsertLast(this);
     const long inserted = m_scenes.IfNotInsertLast(scene);
+    try {
+        scene->m_attached.IfNotInsertLast(this);
+    } catch (...) {
+        // Each knows of the other, or neither does.
+        m_scenes.DeleteItem(scene);
+        throw;
+    }
     EveryPolygon([scene](CPolygon& polygon) { scene->AddPolygon(&polygon); });
     return inserted;
 }

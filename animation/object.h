@@ -27,7 +27,7 @@ public:
 
     /// Takes over a polygon made with new, and hands it to every scene the object is in. Returns 1; 0 when the polygon
     /// is null, in this object already (the scenes are offered it again), or another object's or a clear
-    /// polygon, which then stays where it is.
+    /// polygon, which then stays where it is. Throws std::bad_alloc; the polygon then stays the caller's.
     long AddPolygon(CPolygon* polygon);
     /// The polygon added last, a card's face; null when there is none.
     CPolygon* GetFrontPoly();
@@ -83,6 +83,7 @@ private:
     friend class CSceneHandler;
 
     template <typename Action> void EveryPolygon(Action action);
+    void GiveBack(CPolygon* polygon);
     void LeaveAllScenes();
     void DeletePolygons();
 

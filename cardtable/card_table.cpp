@@ -112,11 +112,22 @@ long CCardTable::Handler()
     if (HasTargetBitmap()) {
         EraseLastDrawnRegions();
     }
-    CSceneHandler::Handler();
+    try {
+        CSceneHandler::Handler();
+    } catch (...) {
+        // What was drawn until then stands in the target, so it has to come to the screen.
+        ShowDrawnRegions();
+        throw;
+    }
+    ShowDrawnRegions();
+    return 1;
+}
+
+void CCardTable::ShowDrawnRegions()
+{
     if (HasTargetBitmap()) {
         InvalidateDrawnRegions();
     }
-    return 1;
 }
 
 namespace

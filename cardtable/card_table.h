@@ -112,6 +112,7 @@ public:
 private:
     friend class CPocket;
 
+    void ShowDrawnRegions();
     void DeletePockets();
     /// Makes the card object's face show the back.
     void ShowBackOnFace(CObject& card);

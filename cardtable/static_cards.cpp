@@ -112,7 +112,13 @@ bool CPocket::AddStaticCard(CObject* card, int position, C3DMoveList* moves)
     kept->control = control.release();
     kept->bitmap = bitmap.Release();
     kept->position = position;
-    RedrawStaticCard(kept->bitmap, kept->control, card, moves);
+    try {
+        RedrawStaticCard(kept->bitmap, kept->control, card, moves);
+    } catch (...) {
+        // Not rendered, it would stand for the card for ever.
+        RemoveRecord(std::prev(m_staticCards.end()));
+        throw;
+    }
     return true;
 }
 
@@ -125,17 +131,22 @@ void CPocket::RedrawStaticCard(Bitmap* bitmap, Canvas* canvas, CObject* card, C3
     if (draw == nullptr) {
         return;
     }
-    if (moves != nullptr) {
-        m_table->DrawLastFrame(moves, card, draw);
-    } else {
-        card->Draw(m_table, draw);
+    const CRect& clip = *card->GetClip();
+    try {
+        if (moves != nullptr) {
+            m_table->DrawLastFrame(moves, card, draw);
+        } else {
+            card->Draw(m_table, draw);
+        }
+        bitmap->Realloc(ToInt(clip.Width()), ToInt(clip.Height()));
+    } catch (...) {
+        DestroyTempBitmap(); // what stands in it would show up in the next card
+        throw;
     }
 
     // The control takes the whole of the covered rectangle, the copy only what lies in the drawing bitmap.
-    const CRect& clip = *card->GetClip();
     const long long left = clip.left;
     const long long top = clip.top;
-    bitmap->Realloc(ToInt(clip.Width()), ToInt(clip.Height()));
     const long long width = std::min<long long>(clip.Width(), draw->Width() - left);
     const long long height = std::min<long long>(clip.Height(), draw->Height() - top);
     Render::Instance().Copy(draw, bitmap, NotNegative(-left), NotNegative(-top), NotNegative(left), NotNegative(top),

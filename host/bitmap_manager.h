@@ -17,7 +17,8 @@ public:
     /// Loads a picture file (PNG, JPEG, WebP, BMP and what else the image library reads), converted to premultiplied
     /// 32-bit pixels. The flag is reserved; the library passes true. The new bitmap belongs to the caller. Returns
     /// null, and writes one error line to the log, for a file that is missing, is no picture, is damaged, is larger
-    /// than Bitmap::kMaxSide on a side, or does not fit into memory.
+    /// than Bitmap::kMaxSide on a side or 2^27 pixels in all, or does not fit into memory. Of PNG, JPEG, WebP, BMP and
+    /// GIF files such sizes are refused before their memory is taken.
     Bitmap* Load(const std::string& file, bool flag);
     /// A transparent bitmap of that size, which belongs to the caller. A side of 0 or less gives an empty bitmap.
     /// Returns null, and writes one error line, for a side above Bitmap::kMaxSide. Throws std::bad_alloc.

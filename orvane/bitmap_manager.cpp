@@ -39,19 +39,19 @@ BitmapManager& BitmapManager::Instance()
 Bitmap* BitmapManager::Load(const std::string& file, bool /*flag*/)
 {
     Bitmap* bitmap = NewRecord();
-    std::string reason;
     try {
-        reason = orvane::LoadImageFile(file, *bitmap);
+        const std::string reason = orvane::LoadImageFile(file, *bitmap);
+        if (!reason.empty()) {
+            Destroy(bitmap);
+            LogLoadFailure(file, reason.c_str());
+        }
     } catch (const std::bad_alloc&) {
         // A small file can ask for any amount: that is a fault of the file, not of the program.
-        reason = "not enough memory for its pixels";
+        Destroy(bitmap);
+        LogLoadFailure(file, "not enough memory for its pixels");
     } catch (...) {
         Destroy(bitmap);
         throw;
-    }
-    if (!reason.empty()) {
-        Destroy(bitmap);
-        LogLoadFailure(file, reason.c_str());
     }
     return bitmap;
 }

@@ -14,7 +14,7 @@
 void CSceneHandler::Handler()
 {
     UpdateAllMoves();
-    m_lastDrawnRects.clear();
+    m_spareRects.splice(m_spareRects.end(), m_lastDrawnRects);
     if (m_sortByDepth == 0) {
         DrawInListOrder();
     } else {
@@ -87,8 +87,17 @@ void CSceneHandler::DrawStep(CPolygon& polygon)
     }
 }
 
+/// What cannot be recorded would never be erased, so this comes before the drawing.
+void CSceneHandler::ReserveRecord()
+{
+    if (m_spareRects.empty()) {
+        m_spareRects.emplace_back();
+    }
+}
+
 void CSceneHandler::DrawPolygon(CPolygon& polygon)
 {
+    ReserveRecord();
     if (m_targetBitmap != nullptr) {
         CObject* const parent = polygon.GetParent();
         polygon.DrawToSurface(m_targetBitmap, parent != nullptr ? parent->GetClip() : nullptr);
@@ -100,6 +109,8 @@ void CSceneHandler::PushLastDrawnRect()
 {
     CRect* const drawn = glb->polygonRender->GetLastDrawnRect();
     if (drawn != nullptr) {
-        m_lastDrawnRects.emplace_back().Copy(drawn);
+        ReserveRecord();
+        m_spareRects.front().Copy(drawn);
+        m_lastDrawnRects.splice(m_lastDrawnRects.end(), m_spareRects, m_spareRects.begin());
     }
 }

@@ -100,9 +100,9 @@ void CSceneHandler::StartAnim(C3DMoveList* activeMoveList, CObject* activeObject
     }
     AddObject(activeObject);
     activeObject->On();
-    InsertMoveList(activeMoveList, 1, 1);
     activeMoveList->AimAll(activeObject);
     activeMoveList->First();
+    InsertMoveList(activeMoveList, 1, 1);
 }
 
 void CSceneHandler::DrawFirstFrame(C3DMoveList* moveList, CObject* object, Bitmap* bitmap)

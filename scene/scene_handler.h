@@ -114,8 +114,9 @@ public:
     /// 1 when a point, in half pixels of the active area, hits the object; 0 otherwise and for null.
     int IsPointInside(long x, long y, CObject* object);
 
-    /// One frame: plays the lists, draws the visible polygons, records their rectangles. Allocates the recorded
-    /// rectangles, and one array when it sorts by depth.
+    /// One frame: plays the lists, draws the visible polygons, records their rectangles. Allocates one array when it
+    /// sorts by depth, and the rectangles that are more than any frame had before. Throws std::bad_alloc: a part of the
+    /// polygons is drawn and recorded then.
     void Handler();
     /// Records the rectangle of the renderer's latest draw, if there is one.
     void PushLastDrawnRect();
@@ -148,6 +149,7 @@ private:
     void DrawInListOrder();
     void DrawFarToNear();
     void DrawStep(CPolygon& polygon);
+    void ReserveRecord();
     void DrawPolygon(CPolygon& polygon);
 
     CLList m_polygons;
@@ -160,6 +162,7 @@ private:
     long m_initValue2 = 0;
     Bitmap* m_targetBitmap = nullptr;
 
-    CLList m_attached; ///< the objects that name this scene
+    CLList m_attached;             ///< the objects that name this scene
+    std::list<CRect> m_spareRects; ///< of earlier frames, to be used again
     PolygonWatch m_polygonWatch{*this};
 };
