@@ -17,6 +17,11 @@ function(cardtable_target name)
     if(CARDTABLE_WARNINGS_AS_ERRORS)
       target_compile_options(${name} PRIVATE -Werror)
     endif()
+    if(CARDTABLE_BUILD_FUZZERS)
+      # The fuzzers look behind the exported classes, and are led by which code a call reaches.
+      set_target_properties(${name} PROPERTIES CXX_VISIBILITY_PRESET default)
+      target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
     if(CARDTABLE_SANITIZE)
       target_compile_options(${name} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
                                              -fno-omit-frame-pointer)
