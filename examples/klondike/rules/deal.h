@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "examples/klondike/rules/table.h"
+
+#include <cstdint>
+
+namespace klondike
+{
+
+/// Lays out a deal. Every number is a deal, and the same one on every machine.
+Piles Deal(std::uint64_t number);
+
+} // namespace klondike
