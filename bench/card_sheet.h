@@ -1,18 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/bitmap_manager.h"
+#include "host/owned_bitmap.h"
 
-#include <memory>
 #include <string>
 
 namespace bench
 {
-
-struct BitmapDestroyer {
-    void operator()(Bitmap* bitmap) const { BitmapManager::Instance().Destroy(bitmap); }
-};
-using OwnedBitmap = std::unique_ptr<Bitmap, BitmapDestroyer>;
 
 /// A bitmap of that size; throws when there is none to be had.
 OwnedBitmap MakeBitmap(int width, int height);

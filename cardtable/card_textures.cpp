@@ -2,12 +2,12 @@
 // The table's textures: cut from sheets, looked up, put on cards.
 #include "animation/object.h"
 #include "cardtable/card_table.h"
-#include "cardtable/scoped_bitmap.h"
 #include "cardtable/texture_list.h"
 #include "geometry/int32.h"
 #include "geometry/list_walk.h"
 #include "geometry/polygon.h"
 #include "host/bitmap.h"
+#include "host/owned_bitmap.h"
 
 namespace
 {
@@ -62,14 +62,14 @@ long ShowOnFace(CObject* card, Bitmap* texture)
 long CCardTable::LoadTextures(const char* faceSheetFile, const char* backFile, int makeShaded, double shadeFactor)
 {
     m_makeShaded = makeShaded;
-    const ScopedBitmap sheet(LoadBitmap(faceSheetFile));
+    const OwnedBitmap sheet(LoadBitmap(faceSheetFile));
     LoadBackTexture(backFile);
-    if (sheet.Get() == nullptr || m_backTexture == nullptr) {
+    if (sheet == nullptr || m_backTexture == nullptr) {
         return 0;
     }
     ScopedTextures faces;
     ScopedTextures shaded;
-    if (!CutSheet(*sheet.Get(), {m_numRows, m_numColumns, m_numLastRow, m_cardWidth, m_cardHeight}, faces.list)) {
+    if (!CutSheet(*sheet, {m_numRows, m_numColumns, m_numLastRow, m_cardWidth, m_cardHeight}, faces.list)) {
         return 0;
     }
     if (m_makeShaded != 0) {
@@ -82,10 +82,10 @@ long CCardTable::LoadTextures(const char* faceSheetFile, const char* backFile, i
 
 long CCardTable::LoadAdditionalCardTexture(const char* sheetFile)
 {
-    const ScopedBitmap sheet(LoadBitmap(sheetFile));
+    const OwnedBitmap sheet(LoadBitmap(sheetFile));
     ScopedTextures faces;
-    if (sheet.Get() == nullptr ||
-        !CutSheet(*sheet.Get(), {m_numRows, m_numColumns, m_numLastRow, m_additionalCardWidth, m_additionalCardHeight},
+    if (sheet == nullptr ||
+        !CutSheet(*sheet, {m_numRows, m_numColumns, m_numLastRow, m_additionalCardWidth, m_additionalCardHeight},
                   faces.list)) {
         return 0;
     }

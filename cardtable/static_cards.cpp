@@ -3,10 +3,10 @@
 #include "animation/object.h"
 #include "cardtable/card_table.h"
 #include "cardtable/pocket.h"
-#include "cardtable/scoped_bitmap.h"
 #include "cardtable/stamp_marks.h"
 #include "geometry/int32.h"
 #include "host/canvas.h"
+#include "host/owned_bitmap.h"
 #include "host/rect.h"
 #include "host/render.h"
 #include "host/window.h"
@@ -100,17 +100,17 @@ bool CPocket::AddStaticCard(CObject* card, int position, C3DMoveList* moves)
         ShowStaticCard(position);
         return true;
     }
-    ScopedBitmap bitmap(BitmapManager::Instance().Create(0, 0));
+    OwnedBitmap bitmap(BitmapManager::Instance().Create(0, 0));
     auto control = std::make_unique<Canvas>();
     control->Create(0, 0, 0, 0);
-    control->SetBitmap(bitmap.Get());
+    control->SetBitmap(bitmap.get());
     auto record = std::make_unique<CardObjects>();
     m_staticCards.push_back(record.get());
     m_dialog->AddCntrlBefore(control.get(), m_anchorControl);
 
     CardObjects* const kept = record.release();
     kept->control = control.release();
-    kept->bitmap = bitmap.Release();
+    kept->bitmap = bitmap.release();
     kept->position = position;
     try {
         RedrawStaticCard(kept->bitmap, kept->control, card, moves);

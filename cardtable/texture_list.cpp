@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "cardtable/texture_list.h"
 
-#include "cardtable/scoped_bitmap.h"
 #include "geometry/int32.h"
 #include "geometry/list_walk.h"
 #include "host/bitmap.h"
 #include "host/bitmap_manager.h"
+#include "host/owned_bitmap.h"
 #include "host/render.h"
 
 #include <algorithm>
@@ -33,10 +33,10 @@ int CellStart(long cellSize, long index)
     return static_cast<int>(std::min(static_cast<long long>(cellSize) * index, kOutside));
 }
 
-void HandOver(ScopedBitmap& texture, CLList& textures)
+void HandOver(OwnedBitmap& texture, CLList& textures)
 {
-    textures.InsertLast(texture.Get(), 0);
-    texture.Release();
+    textures.InsertLast(texture.get(), 0);
+    texture.release();
 }
 
 /// Multiplies bytes by a factor, see ShadeTextures.
@@ -117,11 +117,11 @@ bool CutSheet(const Bitmap& sheet, const SheetGrid& grid, CLList& textures)
     for (long row = 0; row < grid.numRows; ++row) {
         const long count = row == grid.numRows - 1 ? grid.numLastRow : grid.numColumns;
         for (long column = 0; column < count; ++column) {
-            ScopedBitmap card(BitmapManager::Instance().Create(width, height));
-            if (card.Get() == nullptr) {
+            OwnedBitmap card(BitmapManager::Instance().Create(width, height));
+            if (card == nullptr) {
                 return false;
             }
-            Render::Instance().Copy(&sheet, card.Get(), 0, 0, CellStart(width, column), CellStart(height, row), width,
+            Render::Instance().Copy(&sheet, card.get(), 0, 0, CellStart(width, column), CellStart(height, row), width,
                                     height);
             HandOver(card, textures);
         }
@@ -134,10 +134,10 @@ void ShadeTextures(CLList& faces, double factor, CLList& shaded)
     constexpr std::size_t kPixelBytes = 4;
     const ByteScale scale(factor);
     for (const Bitmap* face : TypedWalk<Bitmap>(faces)) {
-        ScopedBitmap copy(BitmapManager::Instance().Create(face->Width(), face->Height()));
+        OwnedBitmap copy(BitmapManager::Instance().Create(face->Width(), face->Height()));
         const std::size_t size =
             static_cast<std::size_t>(face->Width()) * static_cast<std::size_t>(face->Height()) * kPixelBytes;
-        scale.Run(face->Buffer(), copy.Get()->Buffer(), size);
+        scale.Run(face->Buffer(), copy->Buffer(), size);
         HandOver(copy, shaded);
     }
 }

@@ -58,11 +58,6 @@ private:
 
 } // namespace
 
-void Screen::BitmapDestroyer::operator()(Bitmap* bitmap) const
-{
-    BitmapManager::Instance().Destroy(bitmap);
-}
-
 Screen::Screen(int width, int height, const Rgba& background)
     : m_width(width), m_height(height), m_background(background),
       m_picture(BitmapManager::Instance().Create(width, height)), m_damage(width, height)

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "host/bitmap.h"
+#include "host/owned_bitmap.h"
 #include "host/rectangle.h"
 #include "host/rgba.h"
 #include "orvane/damage.h"
 
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 class CControlBase;
@@ -40,17 +40,13 @@ public:
     void ComposeAll();
 
 private:
-    struct BitmapDestroyer {
-        void operator()(Bitmap* bitmap) const;
-    };
-
     void FindControls(const Damage::Rectangles& areas);
     void Paint(const Damage::Rectangles& areas);
 
     int m_width;
     int m_height;
     Rgba m_background;
-    std::unique_ptr<Bitmap, BitmapDestroyer> m_picture;
+    OwnedBitmap m_picture;
     Damage m_damage;
     Damage::Rectangles m_composed;
     // Working memory of Paint.

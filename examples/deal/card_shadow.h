@@ -4,7 +4,7 @@
 #include "animation/move_list.h"
 #include "animation/object.h"
 #include "examples/deal/flight_path.h"
-#include "examples/deal/owned_bitmap.h"
+#include "host/owned_bitmap.h"
 
 #include <memory>
 

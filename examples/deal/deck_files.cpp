@@ -2,7 +2,7 @@
 #include "examples/deal/deck_files.h"
 
 #include "examples/deal/failure.h"
-#include "examples/deal/owned_bitmap.h"
+#include "host/owned_bitmap.h"
 
 namespace deal
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "examples/deal/owned_bitmap.h"
+#include "host/owned_bitmap.h"
 #include "host/rectangle.h"
 
 #include <vector>

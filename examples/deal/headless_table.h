@@ -4,9 +4,9 @@
 #include "cardtable/card_table.h"
 #include "examples/deal/card_flights.h"
 #include "examples/deal/frame_clock.h"
-#include "examples/deal/owned_bitmap.h"
 #include "examples/deal/table_view.h"
 #include "host/canvas.h"
+#include "host/owned_bitmap.h"
 #include "host/window.h"
 #include "orvane/orvane.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/render.h"
 #include "orvane/orvane.h"
-#include "tests/orvane/owned_bitmap.h"
+#include "tests/orvane/test_bitmaps.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include "host/window.h"
 #include "orvane/orvane.h"
 #include "orvane/raster/blend.h"
-#include "tests/orvane/owned_bitmap.h"
+#include "tests/orvane/test_bitmaps.h"
 
 #include <gtest/gtest.h>
 

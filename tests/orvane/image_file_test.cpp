@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "orvane/orvane.h"
-#include "tests/orvane/owned_bitmap.h"
+#include "tests/orvane/test_bitmaps.h"
 
 #include <gtest/gtest.h>
 

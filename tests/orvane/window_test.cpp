@@ -2,7 +2,7 @@
 #include "host/canvas.h"
 #include "host/window.h"
 #include "orvane/orvane.h"
-#include "tests/orvane/owned_bitmap.h"
+#include "tests/orvane/test_bitmaps.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include "host/globals.h"
 #include "host/polygon_render.h"
 #include "host/rect.h"
-#include "tests/orvane/owned_bitmap.h"
+#include "tests/orvane/test_bitmaps.h"
 
 #include <array>
 #include <cstdint>

@@ -5,14 +5,10 @@
 
 #include <memory>
 
-namespace deal
-{
-
+/// Gives a bitmap back to the manager; null is fine.
 struct BitmapDestroyer {
     void operator()(Bitmap* bitmap) const { BitmapManager::Instance().Destroy(bitmap); }
 };
 
-/// A bitmap of the host's that is destroyed with its owner.
+/// A bitmap that is destroyed with its owner, unless the owner lets it go.
 using OwnedBitmap = std::unique_ptr<Bitmap, BitmapDestroyer>;
-
-} // namespace deal

@@ -2,18 +2,13 @@
 #pragma once
 
 #include "host/bitmap.h"
-#include "host/bitmap_manager.h"
+#include "host/owned_bitmap.h"
 
 #include <cstdint>
 #include <cstring>
 #include <memory>
 #include <random>
 #include <vector>
-
-struct BitmapDestroyer {
-    void operator()(Bitmap* bitmap) const { BitmapManager::Instance().Destroy(bitmap); }
-};
-using OwnedBitmap = std::unique_ptr<Bitmap, BitmapDestroyer>;
 
 inline OwnedBitmap MakeBitmap(int width, int height)
 {
