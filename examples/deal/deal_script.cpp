@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "examples/deal/deal_script.h"
 
-#include "animation/move_list.h"
-#include "animation/object.h"
 #include "cardtable/pocket.h"
-#include "examples/deal/edge_on.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace deal
 {
+
+using cardkit::Facing;
+using cardkit::FlightStyle;
 
 namespace
 {
@@ -29,26 +29,17 @@ constexpr double kRaiseFrames = 100.0;
 constexpr int kShortRest = 20;
 constexpr int kLongRest = 40;
 
-Placement PlacementOf(const CObject& card)
+std::size_t Column(int index)
 {
-    Placement place;
-    card.GetPosition(place.x, place.y, place.z);
-    card.GetRotate(place.rotX, place.rotY, place.rotZ);
-    return place;
-}
-
-void PlaceCard(CObject& card, const Placement& place)
-{
-    card.SetPosition(place.x, place.y, place.z);
-    card.SetRotate(place.rotX, place.rotY, place.rotZ);
+    return Patience::kFirstColumn + static_cast<std::size_t>(index);
 }
 
 } // namespace
 
 DealScript::DealScript(Patience& patience, double speed)
-    : m_patience(patience), m_stage(patience.Stage()),
-      m_shadows(m_stage.View(), patience.Layout().CardWidth(), patience.Layout().CardHeight()), m_speed(speed)
+    : m_patience(patience), m_stage(patience.Stage()), m_table(m_stage.Table()), m_speed(speed)
 {
+    m_table.SetSpeed(speed);
 }
 
 void DealScript::Play()
@@ -80,11 +71,6 @@ void DealScript::Rest(int frames)
     }
 }
 
-int DealScript::Frames(double atNormalSpeed) const
-{
-    return std::max(1, static_cast<int>(std::lround(atNormalSpeed / m_speed)));
-}
-
 void DealScript::Stagger(int count, double gap, const std::function<void(int)>& launch)
 {
     int frame = 0;
@@ -98,35 +84,21 @@ void DealScript::Stagger(int count, double gap, const std::function<void(int)>& 
 
 void DealScript::UntilLanded()
 {
-    while (m_stage.Flights().NumInAir() > 0) {
+    while (m_table.IsMoving()) {
         m_stage.Frame();
     }
 }
 
-void DealScript::Fly(CardPile& pile, CObject& card, const Placement& to, const FlightStyle& style, double frames)
+void DealScript::FlyTop(std::size_t pile, cardkit::Facing facing, const cardkit::FlightStyle& style, double frames)
 {
-    const FlightPath path(m_stage.View(), PlacementOf(card), to, style);
-    const TableLayout& layout = m_patience.Layout();
-    const int count = FramesNeverEdgeOn(m_stage.Table(), path, Frames(frames), layout.CardWidth(), layout.CardHeight());
-    m_stage.Flights().Launch(pile, card, MakeMoves([&path](double progress) { return path.At(progress); }, count),
-                             m_shadows.Cast(path, count));
+    FlyToPile(pile, pile, facing, style, frames);
 }
 
-void DealScript::FlyToPile(CardPile& from, CardPile& to, Facing facing, const FlightStyle& style, double frames)
+void DealScript::FlyToPile(std::size_t from, std::size_t to, cardkit::Facing facing, const cardkit::FlightStyle& style,
+                           double frames)
 {
-    // No card passes from one pocket to another: the new pile makes its own, placed where the old one lay.
-    const long top = from.NumCards();
-    const Placement start = PlacementOf(*from.CardAt(top));
-    CObject* const card = to.Add(from.Pocket().GetCard(top), facing);
-    if (card == nullptr) {
-        return;
-    }
-    PlaceCard(*card, start);
-    from.RemoveTop();
-    if (from.NumCards() > 0) {
-        from.LayDown(from.NumCards());
-    }
-    Fly(to, *card, to.Rest(to.NumCards()), style, frames);
+    const cardkit::Pile& pile = m_table.At(from);
+    m_table.Order(from, pile.ValueAt(pile.NumCards()), to, facing, {style, static_cast<int>(std::lround(frames))});
 }
 
 void DealScript::DealColumns()
@@ -142,15 +114,15 @@ void DealScript::DealColumns()
             steps.push_back({column, column == round ? Facing::Up : Facing::Down});
         }
     }
-    const double low = m_stage.View().HeightForScale(1.30);
-    const double high = m_stage.View().HeightForScale(1.55);
+    const double low = m_table.Plane().HeightForScale(1.30);
+    const double high = m_table.Plane().HeightForScale(1.55);
     Stagger(static_cast<int>(steps.size()), kDealGap, [&](int i) {
         const Step& step = steps[static_cast<std::size_t>(i)];
         const bool turns = step.facing == Facing::Up;
         const double far = static_cast<double>(step.column) / (TableLayout::kColumns - 1);
         const double arch = (turns ? high : low) * (0.55 + 0.45 * far); // a short flight stays low
         const FlightStyle style{arch, 0.07, turns ? 22.0 : 30.0, turns ? -14.0 : -24.0};
-        FlyToPile(m_patience.Stock(), m_patience.Column(step.column), step.facing, style,
+        FlyToPile(Patience::kStock, Column(step.column), step.facing, style,
                   kDealFrames + (turns ? 6.0 : 0.0) + 6.0 * far);
     });
     UntilLanded();
@@ -159,10 +131,10 @@ void DealScript::DealColumns()
 void DealScript::GatherTopCards()
 {
     Begin("gathering the top cards");
-    const double arch = m_stage.View().HeightForScale(1.35);
+    const double arch = m_table.Plane().HeightForScale(1.35);
     Stagger(TableLayout::kColumns, kGatherGap, [&](int column) {
         const FlightStyle style{arch, 0.08, 26.0, 14.0};
-        FlyToPile(m_patience.Column(column), m_patience.Waste(), Facing::Up, style, kGatherFrames);
+        FlyToPile(Column(column), Patience::kWaste, Facing::Up, style, kGatherFrames);
     });
     UntilLanded();
 }
@@ -170,14 +142,9 @@ void DealScript::GatherTopCards()
 void DealScript::TurnUpColumns()
 {
     Begin("turning the columns up");
-    const double arch = m_stage.View().HeightForScale(1.30);
+    const double arch = m_table.Plane().HeightForScale(1.30);
     Stagger(TableLayout::kColumns, kTurnGap, [&](int column) {
-        CardPile& pile = m_patience.Column(column);
-        const long top = pile.NumCards();
-        if (top > 0) {
-            pile.SetFacing(top, Facing::Up);
-            Fly(pile, *pile.CardAt(top), pile.Rest(top), {arch, 0.0, 0.0, 10.0}, kTurnFrames);
-        }
+        FlyTop(Column(column), Facing::Up, {arch, 0.0, 0.0, 10.0}, kTurnFrames);
     });
     UntilLanded();
 }
@@ -186,12 +153,11 @@ void DealScript::ShowFoundationHints()
 {
     Begin("shading the foundations");
     Stagger(TableLayout::kFoundations, kHintGap, [&](int suit) {
-        CardPile& pile = m_patience.Foundation(suit);
-        if (pile.Add(suit * DeckFiles::kSuitCards, Facing::Up) != nullptr) {
-            pile.LayDown(1);
-            pile.Pocket().SetShaded(1, 1);
-            pile.Pocket().ForceRedrawStatics();
-        }
+        const std::size_t foundation = Patience::kFirstFoundation + static_cast<std::size_t>(suit);
+        m_table.Add(foundation, {suit * DeckFiles::kSuitCards, Facing::Up});
+        CPocket& pocket = m_table.At(foundation).Pocket();
+        pocket.SetShaded(1, 1);
+        pocket.ForceRedrawStatics();
     });
     m_stage.Frame();
 }
@@ -199,11 +165,8 @@ void DealScript::ShowFoundationHints()
 void DealScript::RaiseCard()
 {
     Begin("raising a card");
-    CardPile& pile = m_patience.Column(TableLayout::kColumns / 2);
-    const long top = pile.NumCards();
-    CObject& card = *pile.CardAt(top);
-    const double arch = m_stage.View().HeightForScale(1.6);
-    Fly(pile, card, pile.Rest(top), {arch, 0.0, 0.0, -10.0}, kRaiseFrames);
+    const double arch = m_table.Plane().HeightForScale(1.6);
+    FlyTop(Column(TableLayout::kColumns / 2), Facing::Up, {arch, 0.0, 0.0, -10.0}, kRaiseFrames);
     UntilLanded();
 }
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "examples/deal/card_shadow.h"
-#include "examples/deal/flight_path.h"
 #include "examples/deal/patience.h"
 
+#include <cstddef>
 #include <functional>
 
 namespace deal
@@ -33,18 +32,18 @@ public:
 private:
     void Begin(const char* scene);
     void Rest(int frames);
-    int Frames(double atNormalSpeed) const;
     void Stagger(int count, double gap, const std::function<void(int)>& launch);
     void UntilLanded();
 
-    /// Flies a card of a pile from where it is to a place.
-    void Fly(CardPile& pile, CObject& card, const Placement& to, const FlightStyle& style, double frames);
+    /// Turns the top card of a pile over, or lifts it and brings it back.
+    void FlyTop(std::size_t pile, cardkit::Facing facing, const cardkit::FlightStyle& style, double frames);
     /// Flies the top card of one pile to the top of another.
-    void FlyToPile(CardPile& from, CardPile& to, Facing facing, const FlightStyle& style, double frames);
+    void FlyToPile(std::size_t from, std::size_t to, cardkit::Facing facing, const cardkit::FlightStyle& style,
+                   double frames);
 
     Patience& m_patience;
     HeadlessTable& m_stage;
-    ShadowCaster m_shadows;
+    cardkit::Table& m_table;
     double m_speed;
     std::function<void(const char*)> m_observer;
 };

@@ -26,6 +26,11 @@ OwnedBitmap LoadPicture(const char* what, const std::string& file, const std::st
 
 } // namespace
 
+cardkit::SheetGrid GridOf(const DeckFiles& deck)
+{
+    return {deck.rows, deck.columns, deck.lastRow};
+}
+
 void CheckDeck(DeckFiles& deck, const std::string& hostError)
 {
     const OwnedBitmap sheet = LoadPicture("deck sheet", deck.sheet, hostError);

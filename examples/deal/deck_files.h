@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/table.h"
+
 #include <string>
 
 namespace deal
@@ -20,6 +22,9 @@ struct DeckFiles {
     int cellWidth = 0; ///< pixels; with 0 the sheet is divided into whole cells
     int cellHeight = 0;
 };
+
+/// The grid of the sheet.
+cardkit::SheetGrid GridOf(const DeckFiles& deck);
 
 /// Looks at the files with a running host, and fills in the cell size when it is 0. Throws Failure, with a message for
 /// the user, for a file that cannot be read and for a sheet that is too small for its grid.

@@ -47,7 +47,7 @@ void PrintSummary(std::ostream& out, int frames, const FrameStatistics& moving, 
 void Deal(const Options& options, std::ostream& out)
 {
     MakeFolder(options.outputFolder);
-    HeadlessTable table(options.width, options.height);
+    HeadlessTable table(options.width, options.height, Patience::kPiles, GridOf(options.deck));
     Patience patience(table, options.deck, ShuffledDeck(DeckFiles::kCards, options.seed));
     Recorder recorder(table);
     FrameStatistics moving;

@@ -48,6 +48,7 @@ TableLayout::TableLayout(int width, int height, int cellWidth, int cellHeight)
     m_cardHeight = card.height;
     m_gap = std::min((width - kColumns * card.width) / (kColumns + 1), card.width * 9 / 20);
     m_left = (width - kColumns * card.width - (kColumns - 1) * m_gap) / 2;
+    m_height = height;
     m_top = height * 6 / 100;
     m_columnTop = m_top + card.height + height * 6 / 100;
 }
@@ -57,40 +58,49 @@ int TableLayout::Left(int column) const
     return m_left + column * (m_cardWidth + m_gap);
 }
 
-PileShape TableLayout::Stock() const
+cardkit::PileLayout TableLayout::Stock() const
 {
     constexpr int kCardsAStep = 6;
-    return {Left(0), m_top, -1, -1, kCardsAStep};
+    cardkit::PileLayout layout = cardkit::Squared({Left(0), m_top});
+    layout.stepUp = layout.stepDown = {-1, -1};
+    layout.cardsAStep = kCardsAStep;
+    return layout;
 }
 
-PileShape TableLayout::Waste() const
+cardkit::PileLayout TableLayout::Waste() const
 {
-    return {Left(1), m_top, (m_cardWidth + m_gap) / (kColumns - 1), 0, 1};
+    const int step = (m_cardWidth + m_gap) / (kColumns - 1);
+    return cardkit::FannedRight({Left(1), m_top}, step, m_cardWidth + m_gap);
 }
 
-PileShape TableLayout::Foundation(int index) const
+cardkit::PileLayout TableLayout::Foundation(int index) const
 {
-    return {Left(kFirstFoundation + index), m_top, 0, 0, 1};
+    return cardkit::Squared({Left(kFirstFoundation + index), m_top});
 }
 
-PileShape TableLayout::Column(int index) const
+cardkit::PileLayout TableLayout::Column(int index) const
 {
-    return {Left(index), m_columnTop, 0, m_cardHeight * 18 / 100, 1};
+    const int step = m_cardHeight * 18 / 100;
+    return cardkit::FannedDown({Left(index), m_columnTop}, step, step, m_height - m_columnTop - m_cardHeight);
 }
 
-std::vector<render::Rectangle<int>> TableLayout::Slots() const
+std::vector<cardkit::PileLayout> TableLayout::Piles() const
 {
-    std::vector<PileShape> piles{Stock(), Waste()};
+    std::vector<cardkit::PileLayout> piles{Stock(), Waste()};
     for (int i = 0; i < kFoundations; ++i) {
         piles.push_back(Foundation(i));
     }
     for (int i = 0; i < kColumns; ++i) {
         piles.push_back(Column(i));
     }
+    return piles;
+}
+
+std::vector<render::Rectangle<int>> TableLayout::Slots() const
+{
     std::vector<render::Rectangle<int>> slots;
-    slots.reserve(piles.size());
-    for (const PileShape& pile : piles) {
-        slots.push_back({pile.left, pile.top, m_cardWidth, m_cardHeight});
+    for (const cardkit::PileLayout& pile : Piles()) {
+        slots.push_back({pile.place.x, pile.place.y, m_cardWidth, m_cardHeight});
     }
     return slots;
 }

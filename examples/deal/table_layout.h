@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "examples/deal/card_pile.h"
 #include "host/rectangle.h"
+#include "kit/pile_layout.h"
 
 #include <vector>
 
@@ -22,19 +22,21 @@ public:
 
     /// The size at which cards are drawn: a plain fraction of the sheet's where one fits, for that is crispest, and
     /// never larger than there.
-    int CardWidth() const { return m_cardWidth; }
-    int CardHeight() const { return m_cardHeight; }
+    cardkit::CardSize Card() const { return {m_cardWidth, m_cardHeight}; }
 
-    PileShape Stock() const;
-    PileShape Waste() const;
-    PileShape Foundation(int index) const;
-    PileShape Column(int index) const;
+    cardkit::PileLayout Stock() const;
+    cardkit::PileLayout Waste() const;
+    cardkit::PileLayout Foundation(int index) const;
+    cardkit::PileLayout Column(int index) const;
+    /// All of them: stock, waste, foundations, columns.
+    std::vector<cardkit::PileLayout> Piles() const;
     /// The places that are marked on the table.
     std::vector<render::Rectangle<int>> Slots() const;
 
 private:
     int Left(int column) const;
 
+    int m_height = 1;
     int m_cardWidth = 1;
     int m_cardHeight = 1;
     int m_gap = 0; ///< between columns

@@ -30,7 +30,7 @@ struct Game {
     }
 
     TestDeck deck;
-    deal::HeadlessTable table{kWidth, kHeight};
+    deal::HeadlessTable table{kWidth, kHeight, deal::Patience::kPiles, deal::GridOf(deck.Files())};
     deal::Patience patience;
     deal::DealScript script;
 };
@@ -55,7 +55,8 @@ private:
 std::uint64_t StateHash(Game& game)
 {
     Hash hash;
-    for (const auto& pile : game.patience.Piles()) {
+    for (std::size_t p = 0; p < deal::Patience::kPiles; ++p) {
+        const cardkit::Pile* pile = &game.table.Table().At(p);
         hash.Add(pile->NumCards());
         for (long position = 1; position <= pile->NumCards(); ++position) {
             double x = 0.0;
@@ -63,7 +64,7 @@ std::uint64_t StateHash(Game& game)
             double z = 0.0;
             CObject* const card = pile->CardAt(position);
             hash.Add(pile->Pocket().GetCard(position));
-            hash.Add(pile->FacingAt(position) == deal::Facing::Up ? 1 : 0);
+            hash.Add(pile->FacingAt(position) == cardkit::Facing::Up ? 1 : 0);
             hash.Add(pile->Pocket().StaticCardMember(static_cast<int>(position)) ? 1 : 0);
             card->GetPosition(x, y, z);
             for (const double value : {x, y, z}) {
@@ -71,7 +72,7 @@ std::uint64_t StateHash(Game& game)
             }
         }
     }
-    for (const CControlBase* c = game.table.Dialog().FirstControl(); c != nullptr; c = c->NextControl()) {
+    for (const CControlBase* c = game.table.Table().Dialog().FirstControl(); c != nullptr; c = c->NextControl()) {
         for (const long edge : {c->X(), c->Y(), c->Width(), c->Height()}) {
             hash.Add(edge);
         }
@@ -90,8 +91,9 @@ std::vector<std::uint8_t> ScreenPixels(const orvane::Host& host)
 std::size_t CardsWithoutControl(Game& game)
 {
     std::size_t count = 0;
-    for (const auto& pile : game.patience.Piles()) {
-        for (long position = 1; pile.get() != &game.patience.Stock() && position <= pile->NumCards(); ++position) {
+    for (std::size_t p = 0; p < deal::Patience::kPiles; ++p) {
+        const cardkit::Pile* pile = &game.table.Table().At(p);
+        for (long position = 1; p != deal::Patience::kStock && position <= pile->NumCards(); ++position) {
             count += pile->Pocket().StaticCardMember(static_cast<int>(position)) ? 0U : 1U;
         }
     }
@@ -110,8 +112,8 @@ TEST(Deal, EndsInTheSameStateOnEveryMachine)
         (game.script.*scene)();
         hashes.push_back(StateHash(game));
     }
-    EXPECT_EQ(hashes, (std::vector<std::uint64_t>{3434392486164137059U, 15704223373049065150U, 8077336202236963834U,
-                                                  5170483923750527568U, 5170483923750527568U}));
+    EXPECT_EQ(hashes, (std::vector<std::uint64_t>{1242110873208709155U, 10080280166149918206U, 17981820489816593210U,
+                                                  5561586314848497168U, 5561586314848497168U}));
 }
 
 TEST(Deal, EndsInTheSameStateAtEverySpeedAndInAnotherForAnotherSeed)
@@ -140,12 +142,13 @@ TEST(Deal, LaysOutAPatience)
     std::size_t next = order.size();
     for (int round = 0; round < deal::TableLayout::kColumns; ++round) {
         for (int column = round; column < deal::TableLayout::kColumns; ++column) {
-            const deal::CardPile& pile = game.patience.Column(column);
+            const cardkit::Pile& pile =
+                game.table.Table().At(deal::Patience::kFirstColumn + static_cast<std::size_t>(column));
             EXPECT_EQ(pile.Pocket().GetCard(round + 1), order[--next]);
-            EXPECT_EQ(pile.FacingAt(round + 1), column == round ? deal::Facing::Up : deal::Facing::Down);
+            EXPECT_EQ(pile.FacingAt(round + 1), column == round ? cardkit::Facing::Up : cardkit::Facing::Down);
         }
     }
-    EXPECT_EQ(game.patience.Stock().NumCards(), static_cast<long>(next));
+    EXPECT_EQ(game.table.Table().At(deal::Patience::kStock).NumCards(), static_cast<long>(next));
 }
 
 TEST(Deal, EveryFrameShowsEveryCardOnceAndNoneEdgeOn)
@@ -223,13 +226,13 @@ TEST(Deal, RestingCardsStandOnWholePixelsInTheirSize)
 {
     const TestDeck deck;
     for (const auto& [width, height] : {std::pair{480, 270}, std::pair{801, 599}, std::pair{1280, 720}}) {
-        deal::HeadlessTable table(width, height);
+        deal::HeadlessTable table(width, height, deal::Patience::kPiles, deal::GridOf(deck.Files()));
         deal::Patience patience(table, deck.Files(), deal::ShuffledDeck(deal::DeckFiles::kCards, 1));
         deal::DealScript(patience, 10.0).DealColumns();
         const std::vector<render::Rectangle<int>> slots = patience.Layout().Slots();
         for (int column = 0; column < deal::TableLayout::kColumns; ++column) {
             CRect* clip = nullptr;
-            patience.Column(column).Pocket().GetClip(1, clip);
+            table.Table().At(deal::Patience::kFirstColumn + static_cast<std::size_t>(column)).Pocket().GetClip(1, clip);
             const auto& slot = slots[slots.size() - deal::TableLayout::kColumns + static_cast<std::size_t>(column)];
             EXPECT_EQ(clip->left, slot.x);
             EXPECT_EQ(clip->top, slot.y);

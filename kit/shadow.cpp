@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "examples/deal/card_shadow.h"
+#include "kit/shadow.h"
 
 #include "geometry/polygon.h"
 
@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <numbers>
 
-namespace deal
+namespace cardkit
 {
 
 namespace
@@ -41,9 +41,10 @@ OwnedBitmap MakePicture(double halfWidth, double halfHeight, double margin)
 
 } // namespace
 
-ShadowCaster::ShadowCaster(const TableView& view, int cardWidth, int cardHeight)
-    : m_view(view), m_halfWidth(cardWidth * (0.5 + kSoftness)), m_halfHeight(cardHeight / 2.0 + cardWidth * kSoftness),
-      m_picture(MakePicture(m_halfWidth, m_halfHeight, cardWidth * kSoftness))
+ShadowCaster::ShadowCaster(const TablePlane& plane, CardSize size)
+    : m_plane(plane), m_halfWidth(size.width * (0.5 + kSoftness)),
+      m_halfHeight(size.height / 2.0 + size.width * kSoftness),
+      m_picture(MakePicture(m_halfWidth, m_halfHeight, size.width * kSoftness))
 {
 }
 
@@ -59,7 +60,7 @@ Placement ShadowCaster::Below(const Placement& card) const
 
     const double height = std::max(0.0, -card.z);
     const double turned = std::cos(card.rotX * std::numbers::pi / 180.0);
-    const double seen = 1.0 / m_view.Shrinkage(card.z);
+    const double seen = 1.0 / m_plane.Shrinkage(card.z);
     const double grown = std::min(1.0, height / (kFullAt * 2.0 * m_halfHeight));
     Placement place;
     place.x = std::lerp(card.x * seen, card.x, kParallax) + kAsideX * height;
@@ -70,7 +71,7 @@ Placement ShadowCaster::Below(const Placement& card) const
     return place;
 }
 
-FlyingShadow ShadowCaster::Cast(const FlightPath& path, int frames) const
+FlyingShadow ShadowCaster::Cast(const Way& way, int frames) const
 {
     auto polygon = std::make_unique<CPolygon>();
     polygon->SetTexture(m_picture.get(), m_picture->Width(), m_picture->Height(), 0.0, 0.0, 1.0, 1.0);
@@ -80,7 +81,7 @@ FlyingShadow ShadowCaster::Cast(const FlightPath& path, int frames) const
     if (object->AddPolygon(polygon.get()) != 0) {
         polygon.release();
     }
-    return {std::move(object), MakeMoves([&](double progress) { return Below(path.At(progress)); }, frames)};
+    return {std::move(object), MakeMoves([&](double progress) { return Below(way(progress)); }, frames)};
 }
 
-} // namespace deal
+} // namespace cardkit

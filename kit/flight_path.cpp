@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "examples/deal/flight_path.h"
+#include "kit/flight_path.h"
 
 #include "animation/move_3d.h"
 #include "animation/move_list.h"
 
 #include <cmath>
 
-namespace deal
+namespace cardkit
 {
 
 namespace
@@ -53,13 +53,13 @@ void BendTrack(C3DMove& move, void (C3DMove::*set)(double, double, double, doubl
 
 } // namespace
 
-FlightPath::FlightPath(const TableView& view, const Placement& from, const Placement& to, const FlightStyle& style)
-    : m_view(view), m_from(from), m_to(to), m_style(style), m_length(std::hypot(to.x - from.x, to.y - from.y)),
-      m_turnsOver(from.rotX != to.rotX)
+FlightPath::FlightPath(const TablePlane& plane, const Placement& from, const Placement& to, const FlightStyle& style)
+    : m_plane(plane), m_from(plane.SeenUnscaled(from)), m_to(to), m_style(style),
+      m_length(std::hypot(m_to.x - m_from.x, m_to.y - m_from.y)), m_turnsOver(m_from.rotX != m_to.rotX)
 {
     if (m_length > 0.0) {
-        m_directionX = (to.x - from.x) / m_length;
-        m_directionY = (to.y - from.y) / m_length;
+        m_directionX = (m_to.x - m_from.x) / m_length;
+        m_directionY = (m_to.y - m_from.y) / m_length;
     }
 }
 
@@ -73,7 +73,7 @@ Placement FlightPath::At(double progress) const
     // In perspective whatever rises moves away from the middle of the screen, and a card near an edge would leave it.
     // Most of that is taken back.
     constexpr double kSteadiness = 0.85;
-    const double steady = std::lerp(1.0, m_view.Shrinkage(rise), kSteadiness);
+    const double steady = std::lerp(1.0, m_plane.Shrinkage(rise), kSteadiness);
     const double aside = m_style.bow * m_length * swell;
     place.x = (std::lerp(m_from.x, m_to.x, way) - m_directionY * aside) * steady;
     place.y = (std::lerp(m_from.y, m_to.y, way) + m_directionX * aside) * steady;
@@ -85,7 +85,7 @@ Placement FlightPath::At(double progress) const
     return place;
 }
 
-std::unique_ptr<C3DMoveList> MakeMoves(const std::function<Placement(double progress)>& way, int frames)
+std::unique_ptr<C3DMoveList> MakeMoves(const Way& way, int frames)
 {
     auto moves = std::make_unique<C3DMoveList>();
     const auto at = [&](double frame) { return way(frames > 1 ? frame / (frames - 1) : 1.0); };
@@ -113,4 +113,4 @@ std::unique_ptr<C3DMoveList> MakeMoves(const std::function<Placement(double prog
     return moves;
 }
 
-} // namespace deal
+} // namespace cardkit

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "examples/deal/placement.h"
-#include "examples/deal/table_view.h"
+#include "kit/placement.h"
+#include "kit/table_plane.h"
 
 #include <functional>
 #include <memory>
 
 class C3DMoveList;
 
-namespace deal
+namespace cardkit
 {
 
 /// How a card gets from one placement to another.
@@ -20,19 +20,21 @@ struct FlightStyle {
     double twist = 0.0; ///< rotation in the card's own plane in the middle of the flight, degrees
 };
 
-/// A curved way through the air that starts and ends at rest. When the two ends show different sides of the card, it
-/// turns over in the middle part, where it is clear of the table.
+/// A curved way through the air that starts where the card is seen, at rest or in flight, and ends at rest. When the
+/// two ends show different sides of the card, it turns over in the middle part, where it is clear of the table.
 class FlightPath
 {
 public:
-    /// The view is copied.
-    FlightPath(const TableView& view, const Placement& from, const Placement& to, const FlightStyle& style);
+    /// The plane is copied.
+    FlightPath(const TablePlane& plane, const Placement& from, const Placement& to, const FlightStyle& style);
 
     /// The placement at a progress of 0 to 1.
     Placement At(double progress) const;
+    /// True when its two ends show different sides of the card, or neither side fully.
+    bool TurnsOver() const { return m_turnsOver; }
 
 private:
-    TableView m_view;
+    TablePlane m_plane;
     Placement m_from;
     Placement m_to;
     FlightStyle m_style;
@@ -42,8 +44,11 @@ private:
     bool m_turnsOver;
 };
 
+/// Where something is at a progress of 0 to 1.
+using Way = std::function<Placement(double progress)>;
+
 /// Moves that show the placements of a way in that many frames (at least 1), the first frame at progress 0, the last at
 /// progress 1. The list has no target yet.
-std::unique_ptr<C3DMoveList> MakeMoves(const std::function<Placement(double progress)>& way, int frames);
+std::unique_ptr<C3DMoveList> MakeMoves(const Way& way, int frames);
 
-} // namespace deal
+} // namespace cardkit

@@ -3,12 +3,12 @@
 
 #include "animation/move_list.h"
 #include "animation/object.h"
-#include "examples/deal/flight_path.h"
 #include "host/owned_bitmap.h"
+#include "kit/flight_path.h"
 
 #include <memory>
 
-namespace deal
+namespace cardkit
 {
 
 /// A shadow on the table that follows one flying card: an object of the scene with moves of its own. At both ends of
@@ -22,19 +22,19 @@ struct FlyingShadow {
 class ShadowCaster
 {
 public:
-    /// The card's size in pixels at rest; the view is copied.
-    ShadowCaster(const TableView& view, int cardWidth, int cardHeight);
+    /// The card's size at rest; the plane is copied.
+    ShadowCaster(const TablePlane& plane, CardSize size);
 
-    /// The shadow of a card that flies along the path in that many frames. The caster outlives it.
-    FlyingShadow Cast(const FlightPath& path, int frames) const;
+    /// The shadow of a card that flies along that way in that many frames. The caster outlives it.
+    FlyingShadow Cast(const Way& way, int frames) const;
 
 private:
     Placement Below(const Placement& card) const;
 
-    TableView m_view;
+    TablePlane m_plane;
     double m_halfWidth; ///< of the shadow's picture with its soft margin, world units
     double m_halfHeight;
     OwnedBitmap m_picture;
 };
 
-} // namespace deal
+} // namespace cardkit

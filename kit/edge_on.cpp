@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "examples/deal/edge_on.h"
+#include "kit/edge_on.h"
 
 #include "animation/move_3d.h"
 #include "animation/move_list.h"
 #include "cardtable/card_table.h"
-#include "examples/deal/flight_path.h"
 #include "geometry/polygon.h"
+#include "kit/flight_path.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
 
-namespace deal
+namespace cardkit
 {
 
 namespace
@@ -43,10 +43,10 @@ double DrawnArea(CCardTable& table, const CPolygon& card)
 
 } // namespace
 
-double SmallestDrawnArea(CCardTable& table, C3DMoveList& moves, int cardWidth, int cardHeight)
+double SmallestDrawnArea(CCardTable& table, C3DMoveList& moves, CardSize size)
 {
-    const double x = cardWidth / 2.0;
-    const double y = cardHeight / 2.0;
+    const double x = size.width / 2.0;
+    const double y = size.height / 2.0;
     CPolygon card;
     card.Set3D(-x, y, 0.0, x, y, 0.0, x, -y, 0.0, -x, -y, 0.0);
     double smallest = std::numeric_limits<double>::max();
@@ -64,14 +64,17 @@ double SmallestDrawnArea(CCardTable& table, C3DMoveList& moves, int cardWidth, i
     return smallest;
 }
 
-int FramesNeverEdgeOn(CCardTable& table, const FlightPath& path, int wanted, int cardWidth, int cardHeight)
+int FramesNeverEdgeOn(CCardTable& table, const FlightPath& path, int wanted, CardSize size)
 {
     constexpr int kTries = 5;
+    if (!path.TurnsOver()) {
+        return wanted; // what a card is banked in flight is far from a right angle
+    }
     int best = wanted;
     double bestArea = -1.0;
     for (int frames = wanted; frames < wanted + kTries; ++frames) {
         const auto moves = MakeMoves([&path](double progress) { return path.At(progress); }, frames);
-        const double area = SmallestDrawnArea(table, *moves, cardWidth, cardHeight);
+        const double area = SmallestDrawnArea(table, *moves, size);
         if (area > bestArea) {
             best = frames;
             bestArea = area;
@@ -80,4 +83,4 @@ int FramesNeverEdgeOn(CCardTable& table, const FlightPath& path, int wanted, int
     return best;
 }
 
-} // namespace deal
+} // namespace cardkit
