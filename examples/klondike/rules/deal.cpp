@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "examples/klondike/rules/deal.h"
 
+#include <random>
 #include <utility>
 
 namespace klondike
@@ -63,6 +64,12 @@ Piles Deal(std::uint64_t number)
     }
     piles[kStock] = std::move(deck);
     return piles;
+}
+
+std::uint64_t RandomDealNumber()
+{
+    std::random_device source;
+    return std::uniform_int_distribution<std::uint64_t>()(source);
 }
 
 } // namespace klondike

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace klondike
 {
@@ -15,18 +14,6 @@ namespace
 
 constexpr std::int64_t kVegasStake = 52;
 constexpr std::uint32_t kFreeRecyclesOfThree = 3;
-
-bool FitsFoundation(const Card& card, const std::vector<Card>& pile)
-{
-    return pile.empty() ? card.rank == 1 : card.suit == pile.back().suit && card.rank == pile.back().rank + 1;
-}
-
-bool FitsTableau(const Card& card, const std::vector<Card>& pile)
-{
-    return pile.empty()
-               ? card.rank == 13
-               : pile.back().faceUp && card.IsRed() != pile.back().IsRed() && card.rank + 1 == pile.back().rank;
-}
 
 /// The face-up cards of a column always form one run, so a face-up lowest card is enough.
 bool IsLegalCards(const Piles& piles, const Move& move)
@@ -48,11 +35,12 @@ bool IsLegalCards(const Piles& piles, const Move& move)
     return IsTableau(move.to) && FitsTableau(lowest, piles[move.to]);
 }
 
-void TurnPile(std::vector<Card>& from, std::vector<Card>& to, std::size_t count, bool faceUp)
+/// The order turns round with the cards.
+void TurnTop(std::vector<Card>& from, std::vector<Card>& to, std::size_t count)
 {
     for (std::size_t i = 0; i < count; ++i) {
         to.push_back(from.back());
-        to.back().faceUp = faceUp;
+        to.back().faceUp = !to.back().faceUp;
         from.pop_back();
     }
 }
@@ -61,56 +49,77 @@ void TurnPile(std::vector<Card>& from, std::vector<Card>& to, std::size_t count,
 
 Game::Game(std::uint64_t dealNumber, Options options) : m_dealNumber(dealNumber), m_options(options)
 {
-    m_now = StartState();
+    LayOut();
 }
 
-Game::State Game::StartState() const
+void Game::LayOut()
 {
-    return {Deal(m_dealNumber), m_options.scoring == Scoring::Vegas ? -kVegasStake : 0, 0};
+    m_piles = Deal(m_dealNumber);
+    m_points = m_options.scoring == Scoring::Vegas ? -kVegasStake : 0;
+    m_redealsUsed = 0;
 }
 
 bool Game::IsLegal(const Move& move) const
 {
+    if (m_played.size() >= kMostMoves) {
+        return false;
+    }
     switch (move.kind) {
     case Move::Kind::Cards:
-        return IsLegalCards(m_now.piles, move);
+        return IsLegalCards(m_piles, move);
     case Move::Kind::Draw:
-        return !m_now.piles[kStock].empty();
+        return !m_piles[kStock].empty();
     case Move::Kind::Recycle:
-        return m_now.piles[kStock].empty() && !m_now.piles[kWaste].empty() &&
-               (!m_options.redeals || m_now.redealsUsed < *m_options.redeals);
+        return m_piles[kStock].empty() && !m_piles[kWaste].empty() &&
+               (!m_options.redeals || m_redealsUsed < *m_options.redeals);
     }
     return false;
 }
 
-std::vector<Event> Game::Apply(const Move& move)
+std::vector<Event> Game::Apply(Move move)
 {
     if (!IsLegal(move)) {
         return {};
     }
-    m_past.push_back(m_now);
-    m_future.clear();
-    Piles& piles = m_now.piles;
-    if (move.kind == Move::Kind::Draw) {
-        const std::size_t count = std::min<std::size_t>(m_options.drawThree ? 3 : 1, piles[kStock].size());
-        TurnPile(piles[kStock], piles[kWaste], count, true);
-        return {{Event::Kind::Moved, kStock, kWaste, count, true}};
+    m_undone.clear();
+    return Play(move);
+}
+
+std::vector<Event> Game::Play(Move move)
+{
+    m_before.push_back({m_points, false});
+    switch (move.kind) {
+    case Move::Kind::Draw: {
+        const std::size_t count = std::min<std::size_t>(m_options.drawThree ? 3 : 1, m_piles[kStock].size());
+        return TurnPile({Move::Kind::Draw, kStock, kWaste, count});
     }
-    if (move.kind == Move::Kind::Recycle) {
-        const std::size_t count = piles[kWaste].size();
-        TurnPile(piles[kWaste], piles[kStock], count, false);
-        ++m_now.redealsUsed;
+    case Move::Kind::Recycle:
+        ++m_redealsUsed;
         ScoreRecycle();
-        return {{Event::Kind::Moved, kWaste, kStock, count, true}};
+        return TurnPile({Move::Kind::Recycle, kWaste, kStock, m_piles[kWaste].size()});
+    case Move::Kind::Cards:
+        break;
     }
-    std::vector<Card>& from = piles[move.from];
-    const auto first = from.end() - static_cast<std::ptrdiff_t>(move.count);
-    piles[move.to].insert(piles[move.to].end(), first, from.end());
-    from.erase(first, from.end());
+    return MoveCards(move);
+}
+
+std::vector<Event> Game::TurnPile(const Move& move)
+{
+    m_played.push_back(move);
+    TurnTop(m_piles[move.from], m_piles[move.to], move.count);
+    return {{Event::Kind::Moved, move.from, move.to, move.count, true}};
+}
+
+std::vector<Event> Game::MoveCards(const Move& move)
+{
+    m_played.push_back(move);
+    std::vector<Card>& from = m_piles[move.from];
+    MoveTop(from, m_piles[move.to], move.count);
     ScoreCards(move);
     std::vector<Event> events{{Event::Kind::Moved, move.from, move.to, move.count, false}};
     if (IsTableau(move.from) && !from.empty() && !from.back().faceUp) {
         from.back().faceUp = true;
+        m_before.back().turnedOver = true;
         AddPoints(m_options.scoring == Scoring::Standard ? 5 : 0);
         events.push_back({Event::Kind::TurnedOver, move.from, move.from, 1, false});
     }
@@ -119,9 +128,9 @@ std::vector<Event> Game::Apply(const Move& move)
 
 void Game::AddPoints(std::int64_t points)
 {
-    m_now.points += points;
+    m_points += points;
     if (m_options.scoring == Scoring::Standard) {
-        m_now.points = std::max<std::int64_t>(m_now.points, 0);
+        m_points = std::max<std::int64_t>(m_points, 0);
     }
 }
 
@@ -138,36 +147,50 @@ void Game::ScoreCards(const Move& move)
 void Game::ScoreRecycle()
 {
     if (m_options.scoring == Scoring::Standard) {
-        const bool isFree = m_now.redealsUsed <= kFreeRecyclesOfThree;
+        const bool isFree = m_redealsUsed <= kFreeRecyclesOfThree;
         AddPoints(!m_options.drawThree ? -100 : isFree ? 0 : -20);
     }
 }
 
 bool Game::Undo()
 {
-    if (m_past.empty()) {
+    if (m_played.empty()) {
         return false;
     }
-    m_future.push_back(std::exchange(m_now, std::move(m_past.back())));
-    m_past.pop_back();
+    const Move& move = m_played.back();
+    std::vector<Card>& from = m_piles[move.from];
+    if (move.kind == Move::Kind::Cards) {
+        if (m_before.back().turnedOver) {
+            from.back().faceUp = false;
+        }
+        MoveTop(m_piles[move.to], from, move.count);
+    } else {
+        TurnTop(m_piles[move.to], from, move.count);
+        m_redealsUsed -= move.kind == Move::Kind::Recycle ? 1 : 0;
+    }
+    m_points = m_before.back().points;
+    m_undone.push_back(move);
+    m_played.pop_back();
+    m_before.pop_back();
     return true;
 }
 
 bool Game::Redo()
 {
-    if (m_future.empty()) {
+    if (m_undone.empty()) {
         return false;
     }
-    m_past.push_back(std::exchange(m_now, std::move(m_future.back())));
-    m_future.pop_back();
+    Play(m_undone.back());
+    m_undone.pop_back();
     return true;
 }
 
 void Game::Restart()
 {
-    m_now = StartState();
-    m_past.clear();
-    m_future.clear();
+    LayOut();
+    m_played.clear();
+    m_before.clear();
+    m_undone.clear();
     m_seconds = 0;
 }
 
@@ -181,15 +204,15 @@ void Game::AddSeconds(std::uint32_t seconds)
 std::int64_t Game::Score() const
 {
     if (m_options.scoring != Scoring::Standard) {
-        return m_now.points;
+        return m_points;
     }
-    const std::int64_t played = std::max<std::int64_t>(m_now.points - std::int64_t{2} * (m_seconds / 10), 0);
+    const std::int64_t played = std::max<std::int64_t>(m_points - std::int64_t{2} * (m_seconds / 10), 0);
     return played + (IsWon() && m_seconds >= 30 ? 700000 / m_seconds : 0);
 }
 
 bool Game::IsWon() const
 {
-    return std::all_of(m_now.piles.begin() + kFirstFoundation, m_now.piles.begin() + kFirstTableau,
+    return std::all_of(m_piles.begin() + kFirstFoundation, m_piles.begin() + kFirstTableau,
                        [](const std::vector<Card>& pile) { return pile.size() == 13; });
 }
 

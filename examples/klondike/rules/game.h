@@ -16,6 +16,8 @@ struct Options {
     bool drawThree = false;
     std::optional<std::uint32_t> redeals; ///< how often the waste may be turned back; empty: without limit
     Scoring scoring = Scoring::Standard;
+
+    bool operator==(const Options&) const = default;
 };
 
 /// A move a player can make. The piles and the count matter to Cards alone.
@@ -25,7 +27,12 @@ struct Move {
     std::size_t from = kStock;
     std::size_t to = kStock;
     std::size_t count = 1;
+
+    bool operator==(const Move&) const = default;
 };
+
+/// No game needs as many moves; the limit keeps a game and its file small.
+inline constexpr std::size_t kMostMoves = 100000;
 
 /// Something that happened on the table, in order. Moved: the top count cards of a pile went to another; reversed when
 /// the topmost arrived first, as from the stock. TurnedOver: the top card of `from` turned its face up.
@@ -44,16 +51,21 @@ class Game
 public:
     Game(std::uint64_t dealNumber, Options options);
 
-    const Piles& Table() const { return m_now.piles; }
+    const Piles& Table() const { return m_piles; }
     std::uint64_t DealNumber() const { return m_dealNumber; }
     const Options& GameOptions() const { return m_options; }
-    std::uint32_t RedealsUsed() const { return m_now.redealsUsed; }
+    std::uint32_t RedealsUsed() const { return m_redealsUsed; }
 
-    /// Any values may be asked about: a pile or a count out of range is not legal.
+    /// The moves that led here, oldest first. Of a draw and a recycling they tell the piles and the count, too.
+    const std::vector<Move>& Played() const { return m_played; }
+    /// The moves taken back; the one that is redone next comes last.
+    const std::vector<Move>& Undone() const { return m_undone; }
+
+    /// Any values may be asked about: a pile or a count out of range is not legal. Nothing is after kMostMoves moves.
     bool IsLegal(const Move& move) const;
     /// Plays a move, and forgets what could be redone. An illegal move changes nothing and gives an empty list; a legal
     /// one always gives at least one event.
-    std::vector<Event> Apply(const Move& move);
+    std::vector<Event> Apply(Move move);
     /// Takes a move back, its points too. False when there is none. Time is not taken back.
     bool Undo();
     bool Redo();
@@ -69,23 +81,29 @@ public:
     bool IsWon() const;
 
 private:
-    struct State {
-        Piles piles;
+    /// What a move doesn't tell about the table before it.
+    struct Before {
         std::int64_t points = 0;
-        std::uint32_t redealsUsed = 0;
+        bool turnedOver = false; ///< the move turned a card over
     };
 
-    State StartState() const;
+    void LayOut();
+    std::vector<Event> Play(Move move);
+    std::vector<Event> TurnPile(const Move& move);
+    std::vector<Event> MoveCards(const Move& move);
     void AddPoints(std::int64_t points);
     void ScoreCards(const Move& move);
     void ScoreRecycle();
 
     std::uint64_t m_dealNumber;
     Options m_options;
-    State m_now;
-    std::vector<State> m_past;   ///< oldest first
-    std::vector<State> m_future; ///< what is redone next comes last
+    Piles m_piles;
+    std::int64_t m_points = 0; ///< without time
+    std::uint32_t m_redealsUsed = 0;
     std::uint32_t m_seconds = 0;
+    std::vector<Move> m_played;
+    std::vector<Before> m_before; ///< one for each move played
+    std::vector<Move> m_undone;
 };
 
 } // namespace klondike

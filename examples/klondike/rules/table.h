@@ -43,4 +43,11 @@ constexpr bool IsTableau(std::size_t pile)
 /// Each pile from its bottom card to its top card.
 using Piles = std::array<std::vector<Card>, kNumPiles>;
 
+/// Foundations start with an ace and rise in one suit.
+bool FitsFoundation(const Card& card, const std::vector<Card>& pile);
+/// Columns start with a king and fall in turning colours.
+bool FitsTableau(const Card& card, const std::vector<Card>& pile);
+/// Moves the top cards, their order kept. There must be as many.
+void MoveTop(std::vector<Card>& from, std::vector<Card>& to, std::size_t count);
+
 } // namespace klondike
