@@ -362,7 +362,9 @@ struct CoverageRow {
     int leftmost = 0; ///< pixels at both ends, not cut to the target
     int rightmost = 0;
 
-    /// Weights from 0 to -2^15 in both halves of each lane: negative, since 16 bits can't hold the whole otherwise.
+    /// Weights from 0 to -2^15 in both halves of each lane: negative, since 16 bits can't hold the whole otherwise. A
+    /// pixel that is covered wholly has exactly the whole, however wide the quadrilateral is, so that it comes out the
+    /// same in a vector with an edge in it as in one without.
     HWY_INLINE Channels At(int x) const
     {
         const auto columns = hn::Add(hn::Set(floats, static_cast<float>(x)), hn::Iota(floats, 0));
@@ -373,7 +375,10 @@ struct CoverageRow {
         }
         const auto scaled = hn::Add(hn::Mul(sum, hn::Set(floats, 32768)), hn::Set(floats, 0.5F));
         const auto held = hn::Min(hn::Max(scaled, hn::Zero(floats)), hn::Set(floats, 32768));
-        const auto weight = hn::Sub(hn::Zero(integers), hn::ConvertTo(integers, held));
+        const auto whole = hn::And(hn::Ge(columns, hn::Set(floats, static_cast<float>(fullBegin))),
+                                   hn::Lt(columns, hn::Set(floats, static_cast<float>(fullEnd))));
+        const auto share = hn::IfThenElse(whole, hn::Set(floats, 32768), held);
+        const auto weight = hn::Sub(hn::Zero(integers), hn::ConvertTo(integers, share));
         return LowTwice(hn::BitCast(words, weight));
     }
 };
