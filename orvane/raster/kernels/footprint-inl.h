@@ -17,6 +17,12 @@ public:
     /// So many of 8.4 bits fit into 16.
     static constexpr int kMaxFew = 16;
 
+    /// Written out, since compilers give an implicit constructor no instruction set but that of the whole file.
+    HWY_INLINE ColourSum()
+        : m_even(hn::Zero(halves)),
+          m_odd(hn::Zero(halves)), m_sums{hn::Zero(words), hn::Zero(words), hn::Zero(words), hn::Zero(words)}
+    {
+    }
     HWY_INLINE void Add(const Colours& colours)
     {
         const auto half = hn::Set(halves, 4);
@@ -50,9 +56,9 @@ public:
     }
 
 private:
-    hn::Vec<Halves> m_even = hn::Zero(halves);
-    hn::Vec<Halves> m_odd = hn::Zero(halves);
-    Pixels32 m_sums[4] = {hn::Zero(words), hn::Zero(words), hn::Zero(words), hn::Zero(words)};
+    hn::Vec<Halves> m_even;
+    hn::Vec<Halves> m_odd;
+    Pixels32 m_sums[4];
 };
 
 /// How much a sample at each point counts, in 256ths: by how far the square of a texel around it lies inside the

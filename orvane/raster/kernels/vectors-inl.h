@@ -35,8 +35,9 @@ constexpr Halves halves;
 constexpr SignedHalves signedHalves;
 constexpr Bytes bytes;
 
+static_assert(!HWY_HAVE_SCALABLE, "vectors of a fixed size are kept in structures");
 /// Pixels in a vector.
-const int kStep = static_cast<int>(hn::Lanes(words));
+constexpr int kStep = static_cast<int>(hn::MaxLanes(words));
 
 int Least(int a, int b)
 {
