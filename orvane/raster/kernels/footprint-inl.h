@@ -49,7 +49,7 @@ public:
         const auto mean = [&scale](Pixels32 sum) {
             const auto value = hn::Mul(hn::ConvertTo(floats, hn::BitCast(integers, sum)), scale);
             const auto held = hn::Min(hn::Add(value, hn::Set(floats, 0.5F)), hn::Set(floats, 0x7F80));
-            return hn::BitCast(words, hn::ConvertTo(integers, held));
+            return hn::BitCast(words, Truncated(held));
         };
         return {hn::BitCast(signedHalves, hn::Or(mean(m_sums[0]), hn::ShiftLeft<16>(mean(m_sums[2])))),
                 hn::BitCast(signedHalves, hn::Or(mean(m_sums[1]), hn::ShiftLeft<16>(mean(m_sums[3]))))};
@@ -74,7 +74,7 @@ HWY_INLINE hn::Vec<Signed> ShareInside(const QuadJob& job, const Points& points)
     const auto share =
         hn::Mul(along(points.u, job.borderLeastU, job.borderMostU), along(points.v, job.borderLeastV, job.borderMostV));
     // Never nothing, so that the mean of samples that all lie outside, or nearly, is as exact as any other.
-    return hn::ConvertTo(integers, hn::Add(hn::Mul(share, hn::Set(floats, 240)), hn::Set(floats, 16.5F)));
+    return Truncated(hn::Add(hn::Mul(share, hn::Set(floats, 240)), hn::Set(floats, 16.5F)));
 }
 
 /// True when all samples around the points count wholly.
@@ -92,7 +92,7 @@ HWY_INLINE bool LieInside(const QuadJob& job, const JobPattern& pattern, const P
 class FootprintSampler
 {
 public:
-    FootprintSampler(const QuadJob& job, Chunk& chunk) : m_job(job), m_locator(job), m_chunk(chunk) {}
+    FootprintSampler(const QuadJob& job, Chunk& chunk) : m_job(job), m_locator(job), m_fetcher(job), m_chunk(chunk) {}
 
     HWY_INLINE Colours Mean(const JobPattern& pattern, const Points& points) const
     {
@@ -125,7 +125,6 @@ private:
                     ++row;
                 }
             }
-            Fetch(m_job, few * kStep, m_chunk);
             take(few);
         }
     }
@@ -137,7 +136,7 @@ private:
             pattern, points, [](int, const Points&) {},
             [&](int few) {
                 for (int i = 0; i < few; ++i) {
-                    sum.Add(Bilinear(m_chunk, i * kStep));
+                    sum.Add(Bilinear(m_fetcher, m_chunk, i * kStep));
                 }
                 sum.Flush();
             });
@@ -159,7 +158,7 @@ private:
             [&](int few) {
                 for (int i = 0; i < few; ++i) {
                     const auto weight = hn::Neg(hn::ShiftLeft<7>(hn::Load(integers, shares + i * kStep)));
-                    sum.Add(Bilinear(m_chunk, i * kStep).Weighted(LowTwice(hn::BitCast(words, weight))));
+                    sum.Add(Bilinear(m_fetcher, m_chunk, i * kStep).Weighted(LowTwice(hn::BitCast(words, weight))));
                 }
                 sum.Flush();
             });
@@ -168,6 +167,7 @@ private:
 
     const QuadJob& m_job;
     Locator m_locator;
+    Fetcher m_fetcher;
     Chunk& m_chunk;
 };
 

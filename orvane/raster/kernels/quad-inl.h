@@ -41,11 +41,6 @@ private:
     int m_fullEnd;
 };
 
-int RoundedUp(int count)
-{
-    return (count + kStep - 1) / kStep * kStep;
-}
-
 /// A part of a row of the quadrilateral.
 struct RowPart {
     const CoverageRow& row;
@@ -61,13 +56,15 @@ template <bool kAffine> void DrawSampled(const QuadJob& job, const RowPart& part
     const Locator locator(job);
     const PointMap<kAffine> map(job, part.row, part.y);
     const TargetRow target(job, part.row, part.y);
+    const Fetcher fetcher(job);
     const int count = part.end - part.begin;
+    auto columns = map.ColumnsFrom(part.begin);
     for (int i = 0; i < count; i += kStep) {
-        locator.Note(map.At(part.begin + i), chunk, i);
+        locator.Note(map.At(columns), chunk, i);
+        columns = hn::Add(columns, hn::Set(floats, static_cast<float>(kStep)));
     }
-    Fetch(job, RoundedUp(count), chunk);
     for (int i = 0; i < count; i += kStep) {
-        target.Blend(part.begin + i, Bilinear(chunk, i), count - i);
+        target.Blend(part.begin + i, Bilinear(fetcher, chunk, i), count - i);
     }
 }
 
@@ -83,7 +80,7 @@ template <bool kAffine> void DrawFiltered(const QuadJob& job, const RowPart& par
         const int end = Least(part.end, (tile + 1) * QuadJob::kTile);
         const JobPattern& pattern = job.patterns[kAffine ? 0 : tile];
         for (; x < end; x += kStep) {
-            target.Blend(x, sampler.Mean(pattern, map.At(x)), end - x);
+            target.Blend(x, sampler.Mean(pattern, map.At(map.ColumnsFrom(x))), end - x);
         }
         x = end;
     }

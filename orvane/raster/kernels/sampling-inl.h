@@ -6,8 +6,6 @@
 #include "orvane/raster/kernels/colours-inl.h"
 #include "orvane/raster/kernels/coverage-inl.h"
 
-#include <cstring>
-
 HWY_BEFORE_NAMESPACE();
 namespace orvane::raster
 {
@@ -17,12 +15,10 @@ namespace
 /// Pixels or samples that pass through the buffers together.
 constexpr int kChunk = 256;
 
-/// What is known of the pixels of a chunk on their way: first where they read, then what they read.
+/// Where the pixels of a chunk read.
 struct Chunk {
     HWY_ALIGN std::int32_t place[kChunk];     ///< of the upper left texel, from the source's first
     HWY_ALIGN std::uint32_t fraction[kChunk]; ///< 15 bits along u, 15 along v in the upper half
-    HWY_ALIGN std::uint64_t upper[kChunk];    ///< two neighbouring texels
-    HWY_ALIGN std::uint64_t lower[kChunk];
 };
 
 /// Points of the source at pixels x and further right, in the units of the job.
@@ -40,9 +36,13 @@ public:
           m_w(job.w, m_anchor, y), m_leastW(job.leastW)
     {
     }
-    HWY_INLINE Points At(int x) const
+    /// Pixels x and further right, in the map's own columns; the next vector is kStep columns further.
+    HWY_INLINE FloatLanes ColumnsFrom(int x) const
     {
-        const auto column = hn::Add(hn::Set(floats, static_cast<float>(x - m_anchor)), hn::Iota(floats, 0));
+        return hn::Add(hn::Set(floats, static_cast<float>(x - m_anchor)), hn::Iota(floats, 0));
+    }
+    HWY_INLINE Points At(FloatLanes column) const
+    {
         if constexpr (kAffine) {
             return {m_u.At(column), m_v.At(column)};
         }
@@ -86,10 +86,8 @@ public:
     HWY_INLINE void Note(const Points& points, Chunk& chunk, int i) const
     {
         const auto fraction = hn::Set(integers, 0x7FFF);
-        const auto u =
-            hn::ConvertTo(integers, hn::Min(hn::Max(points.u, hn::Set(floats, m_leastU)), hn::Set(floats, m_mostU)));
-        const auto v =
-            hn::ConvertTo(integers, hn::Min(hn::Max(points.v, hn::Set(floats, m_leastV)), hn::Set(floats, m_mostV)));
+        const auto u = Truncated(hn::Min(hn::Max(points.u, hn::Set(floats, m_leastU)), hn::Set(floats, m_mostU)));
+        const auto v = Truncated(hn::Min(hn::Max(points.v, hn::Set(floats, m_leastV)), hn::Set(floats, m_mostV)));
         const auto row = hn::Mul(hn::ShiftRight<15>(v), hn::Set(integers, m_stride));
         const auto along = hn::Or(hn::And(u, fraction), hn::ShiftLeft<16>(hn::And(v, fraction)));
         hn::Store(hn::Add(row, hn::ShiftRight<15>(u)), integers, chunk.place + i);
@@ -104,36 +102,47 @@ private:
     std::int32_t m_stride;
 };
 
-/// Plain loads, which are faster than gather instructions; four pixels in a go, so that loads don't wait for stores
-/// that might change the places. The count is a multiple of four.
-HWY_INLINE void Fetch(const QuadJob& job, int count, Chunk& chunk)
+/// The four texels around each pixel of a vector.
+template <typename D> struct Texels {
+    hn::Vec<D> upperLeft;
+    hn::Vec<D> upperRight;
+    hn::Vec<D> lowerLeft;
+    hn::Vec<D> lowerRight;
+};
+
+/// Reads texels with plain loads, which are faster than gather instructions, straight into the halves of vectors.
+class Fetcher
 {
-    static_assert(hn::MaxLanes(words) % 4 == 0);
-    const std::uint32_t* const source = job.source;
-    const std::ptrdiff_t stride = job.sourceStride;
-    const auto two = [](const std::uint32_t* texels) {
-        std::uint64_t pair;
-        std::memcpy(&pair, texels, sizeof(pair));
-        return pair;
-    };
-    for (int i = 0; i < count; i += 4) {
-        const std::uint32_t* const a = source + chunk.place[i];
-        const std::uint32_t* const b = source + chunk.place[i + 1];
-        const std::uint32_t* const c = source + chunk.place[i + 2];
-        const std::uint32_t* const d = source + chunk.place[i + 3];
-        const std::uint64_t aUpper = two(a), bUpper = two(b), cUpper = two(c), dUpper = two(d);
-        const std::uint64_t aLower = two(a + stride), bLower = two(b + stride);
-        const std::uint64_t cLower = two(c + stride), dLower = two(d + stride);
-        const auto put = [i](std::uint64_t* row, std::uint64_t p, std::uint64_t q, std::uint64_t r, std::uint64_t s) {
-            row[i] = p;
-            row[i + 1] = q;
-            row[i + 2] = r;
-            row[i + 3] = s;
-        };
-        put(chunk.upper, aUpper, bUpper, cUpper, dUpper);
-        put(chunk.lower, aLower, bLower, cLower, dLower);
+public:
+    explicit HWY_INLINE Fetcher(const QuadJob& job) : m_upper(job.source), m_lower(job.source + job.sourceStride) {}
+
+    template <typename D> HWY_INLINE Texels<D> Around(D d, const std::int32_t* place) const
+    {
+        const hn::Half<D> half;
+        if constexpr (hn::MaxLanes(d) == 4) {
+            const std::ptrdiff_t at[] = {place[0], place[1], place[2], place[3]};
+            const auto two = [&](const std::uint32_t* row, int i) {
+                return hn::Combine(d, hn::LoadU(half, row + at[i + 1]), hn::LoadU(half, row + at[i]));
+            };
+            const auto upper = two(m_upper, 0);
+            const auto lower = two(m_lower, 0);
+            const auto upperBehind = two(m_upper, 2);
+            const auto lowerBehind = two(m_lower, 2);
+            return {hn::ConcatEven(d, upperBehind, upper), hn::ConcatOdd(d, upperBehind, upper),
+                    hn::ConcatEven(d, lowerBehind, lower), hn::ConcatOdd(d, lowerBehind, lower)};
+        } else {
+            const auto first = Around(half, place);
+            const auto second = Around(half, place + hn::MaxLanes(half));
+            return {
+                hn::Combine(d, second.upperLeft, first.upperLeft), hn::Combine(d, second.upperRight, first.upperRight),
+                hn::Combine(d, second.lowerLeft, first.lowerLeft), hn::Combine(d, second.lowerRight, first.lowerRight)};
+        }
     }
-}
+
+private:
+    const std::uint32_t* m_upper;
+    const std::uint32_t* m_lower;
+};
 
 /// Two channels of each pixel: a + (b - a) * weight.
 HWY_INLINE Channels Mix(Channels a, Channels b, Channels weight)
@@ -141,27 +150,16 @@ HWY_INLINE Channels Mix(Channels a, Channels b, Channels weight)
     return hn::Add(a, hn::MulFixedPoint15(hn::Sub(b, a), weight));
 }
 
-HWY_INLINE Colours Bilinear(const Chunk& chunk, int i)
+HWY_INLINE Colours Bilinear(const Fetcher& fetcher, const Chunk& chunk, int i)
 {
-    const auto texels = [i](const std::uint64_t* row, Pixels32& left, Pixels32& right) {
-        const auto first = hn::BitCast(words, hn::Load(pairs, row + i));
-        const auto second = hn::BitCast(words, hn::Load(pairs, row + i + kStep / 2));
-        left = hn::ConcatEven(words, second, first);
-        right = hn::ConcatOdd(words, second, first);
-    };
-    Pixels32 upperLeft;
-    Pixels32 upperRight;
-    Pixels32 lowerLeft;
-    Pixels32 lowerRight;
-    texels(chunk.upper, upperLeft, upperRight);
-    texels(chunk.lower, lowerLeft, lowerRight);
+    const auto texels = fetcher.Around(words, chunk.place + i);
     const auto fraction = hn::Load(words, chunk.fraction + i);
     const auto alongU = LowTwice(fraction);
     const auto alongV = HighTwice(fraction);
-    return {Mix(Mix(EvenOf(upperLeft), EvenOf(upperRight), alongU), Mix(EvenOf(lowerLeft), EvenOf(lowerRight), alongU),
-                alongV),
-            Mix(Mix(OddOf(upperLeft), OddOf(upperRight), alongU), Mix(OddOf(lowerLeft), OddOf(lowerRight), alongU),
-                alongV)};
+    return {Mix(Mix(EvenOf(texels.upperLeft), EvenOf(texels.upperRight), alongU),
+                Mix(EvenOf(texels.lowerLeft), EvenOf(texels.lowerRight), alongU), alongV),
+            Mix(Mix(OddOf(texels.upperLeft), OddOf(texels.upperRight), alongU),
+                Mix(OddOf(texels.lowerLeft), OddOf(texels.lowerRight), alongU), alongV)};
 }
 
 } // namespace

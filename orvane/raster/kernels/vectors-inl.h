@@ -18,7 +18,6 @@ namespace hn = hwy::HWY_NAMESPACE;
 using Words = hn::ScalableTag<std::uint32_t>;
 using Signed = hn::Repartition<std::int32_t, Words>;
 using Floats = hn::Repartition<float, Words>;
-using Pairs = hn::Repartition<std::uint64_t, Words>;
 using Halves = hn::Repartition<std::uint16_t, Words>;
 using SignedHalves = hn::Repartition<std::int16_t, Words>;
 using Bytes = hn::Repartition<std::uint8_t, Words>;
@@ -30,7 +29,6 @@ using Channels = hn::Vec<SignedHalves>;
 constexpr Words words;
 constexpr Signed integers;
 constexpr Floats floats;
-constexpr Pairs pairs;
 constexpr Halves halves;
 constexpr SignedHalves signedHalves;
 constexpr Bytes bytes;
@@ -54,6 +52,20 @@ double Least(double a, double b)
 double Most(double a, double b)
 {
     return a > b ? a : b;
+}
+
+/// Towards zero; the numbers lie in the range of 32 bits, so that no lane needs to be held there.
+HWY_INLINE hn::Vec<Signed> Truncated(FloatLanes numbers)
+{
+#if HWY_TARGET == HWY_AVX3
+    return hn::Vec<Signed>{_mm512_cvttps_epi32(numbers.raw)};
+#elif HWY_TARGET == HWY_AVX2
+    return hn::Vec<Signed>{_mm256_cvttps_epi32(numbers.raw)};
+#elif HWY_TARGET == HWY_SSE4
+    return hn::Vec<Signed>{_mm_cvttps_epi32(numbers.raw)};
+#else
+    return hn::ConvertTo(integers, numbers);
+#endif
 }
 
 /// True when masked lanes of words are never touched: AVX2 has that for words, though not for bytes.
