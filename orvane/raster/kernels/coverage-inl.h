@@ -43,29 +43,33 @@ struct CoverageRow {
     int count = 0;
     int begin = 0; ///< pixels that are covered at all
     int end = 0;
-    int fullBegin = 0; ///< pixels that are covered wholly
+    int fullBegin = 0; ///< pixels that are covered wholly; no left edge passes the first or one further right
     int fullEnd = 0;
-    int leftmost = 0; ///< pixels at both ends, not cut to the target
+    int rightBegin = 0; ///< the first pixel that a right edge passes
+    int leftmost = 0;   ///< pixels at both ends, not cut to the target
     int rightmost = 0;
 
-    /// Weights from 0 to -2^15 in both halves of each lane: negative, since 16 bits can't hold the whole otherwise. A
-    /// pixel that is covered wholly has exactly the whole, however wide the quadrilateral is, so that it comes out the
-    /// same in a vector with an edge in it as in one without.
+    /// Weights from 0 to -2^15 in both halves of each lane: negative, since 16 bits can't hold the whole otherwise.
+    /// What an edge does not pass counts exactly, however wide the quadrilateral is, so that a pixel comes out the same
+    /// in a vector with an edge in it as in one without.
     HWY_INLINE Channels At(int x) const
     {
         const auto columns = hn::Add(hn::Set(floats, static_cast<float>(x)), hn::Iota(floats, 0));
         auto sum = hn::Zero(floats);
         for (int i = 0; i < count; ++i) {
-            const auto area = hn::Sub(bands[i].left.AreaOf(columns), bands[i].right.AreaOf(columns));
+            auto area = hn::Set(floats, 1);
+            if (x < fullBegin) {
+                const auto passed = hn::Lt(columns, hn::Set(floats, static_cast<float>(fullBegin)));
+                area = hn::IfThenElse(passed, bands[i].left.AreaOf(columns), area);
+            }
+            if (x + kStep > rightBegin) {
+                area = hn::Sub(area, bands[i].right.AreaOf(columns));
+            }
             sum = hn::Add(sum, hn::Mul(area, hn::Set(floats, bands[i].height)));
         }
         const auto scaled = hn::Add(hn::Mul(sum, hn::Set(floats, 32768)), hn::Set(floats, 0.5F));
         const auto held = hn::Min(hn::Max(scaled, hn::Zero(floats)), hn::Set(floats, 32768));
-        const auto whole = hn::And(hn::Ge(columns, hn::Set(floats, static_cast<float>(fullBegin))),
-                                   hn::Lt(columns, hn::Set(floats, static_cast<float>(fullEnd))));
-        const auto share = hn::IfThenElse(whole, hn::Set(floats, 32768), held);
-        const auto weight = hn::Sub(hn::Zero(integers), hn::ConvertTo(integers, share));
-        return LowTwice(hn::BitCast(words, weight));
+        return LowTwice(hn::BitCast(words, hn::Sub(hn::Zero(integers), Truncated(held))));
     }
 };
 
@@ -144,7 +148,8 @@ public:
         row.begin = Most(row.leftmost, m_job.left);
         row.end = Least(row.rightmost + 1, m_job.right);
         row.fullBegin = Ceiling(left.most);
-        row.fullEnd = covered == 1 ? Floor(right.least) : row.fullBegin;
+        row.rightBegin = Floor(right.least);
+        row.fullEnd = covered == 1 ? row.rightBegin : row.fullBegin;
         return row.begin < row.end;
     }
 
