@@ -103,43 +103,62 @@ private:
 };
 
 /// The four texels around each pixel of a vector.
-template <typename D> struct Texels {
-    hn::Vec<D> upperLeft;
-    hn::Vec<D> upperRight;
-    hn::Vec<D> lowerLeft;
-    hn::Vec<D> lowerRight;
+struct Texels {
+    Pixels32 upperLeft;
+    Pixels32 upperRight;
+    Pixels32 lowerLeft;
+    Pixels32 lowerRight;
 };
 
-/// Reads texels with plain loads, which are faster than gather instructions, straight into the halves of vectors.
+/// Reads texels with plain loads, which are faster than gather instructions, straight into the blocks of vectors.
 class Fetcher
 {
 public:
     explicit HWY_INLINE Fetcher(const QuadJob& job) : m_upper(job.source), m_lower(job.source + job.sourceStride) {}
 
-    template <typename D> HWY_INLINE Texels<D> Around(D d, const std::int32_t* place) const
+    HWY_INLINE Texels At(const std::int32_t* place) const
     {
-        const hn::Half<D> half;
-        if constexpr (hn::MaxLanes(d) == 4) {
-            const std::ptrdiff_t at[] = {place[0], place[1], place[2], place[3]};
-            const auto two = [&](const std::uint32_t* row, int i) {
-                return hn::Combine(d, hn::LoadU(half, row + at[i + 1]), hn::LoadU(half, row + at[i]));
-            };
-            const auto upper = two(m_upper, 0);
-            const auto lower = two(m_lower, 0);
-            const auto upperBehind = two(m_upper, 2);
-            const auto lowerBehind = two(m_lower, 2);
-            return {hn::ConcatEven(d, upperBehind, upper), hn::ConcatOdd(d, upperBehind, upper),
-                    hn::ConcatEven(d, lowerBehind, lower), hn::ConcatOdd(d, lowerBehind, lower)};
-        } else {
-            const auto first = Around(half, place);
-            const auto second = Around(half, place + hn::MaxLanes(half));
-            return {
-                hn::Combine(d, second.upperLeft, first.upperLeft), hn::Combine(d, second.upperRight, first.upperRight),
-                hn::Combine(d, second.lowerLeft, first.lowerLeft), hn::Combine(d, second.lowerRight, first.lowerRight)};
-        }
+        const auto read = Read(words, place);
+        const auto lefts = [](Pixels32 first, Pixels32 second) {
+            return hn::BitCast(words,
+                               hn::InterleaveLower(pairs, hn::BitCast(pairs, first), hn::BitCast(pairs, second)));
+        };
+        const auto rights = [](Pixels32 first, Pixels32 second) {
+            return hn::BitCast(words,
+                               hn::InterleaveUpper(pairs, hn::BitCast(pairs, first), hn::BitCast(pairs, second)));
+        };
+        return {lefts(read.upper[0], read.upper[1]), rights(read.upper[0], read.upper[1]),
+                lefts(read.lower[0], read.lower[1]), rights(read.lower[0], read.lower[1])};
     }
 
 private:
+    /// Of the four pixels of each block the first two, and the others: the left texels of both, then the right ones.
+    template <typename D> struct Pairs32 {
+        hn::Vec<D> upper[2];
+        hn::Vec<D> lower[2];
+    };
+
+    template <typename D> HWY_INLINE Pairs32<D> Read(D d, const std::int32_t* place) const
+    {
+        const hn::Half<D> half;
+        if constexpr (hn::MaxLanes(d) == 4) {
+            const auto two = [&](const std::uint32_t* a, const std::uint32_t* b) {
+                return hn::InterleaveLower(d, hn::ZeroExtendVector(d, hn::LoadU(half, a)),
+                                           hn::ZeroExtendVector(d, hn::LoadU(half, b)));
+            };
+            // Each place is read once, or registers run short.
+            const std::ptrdiff_t at[] = {place[0], place[1], place[2], place[3]};
+            const auto upper = two(m_upper + at[0], m_upper + at[1]);
+            const auto lower = two(m_lower + at[0], m_lower + at[1]);
+            return {{upper, two(m_upper + at[2], m_upper + at[3])}, {lower, two(m_lower + at[2], m_lower + at[3])}};
+        } else {
+            const auto low = Read(half, place);
+            const auto high = Read(half, place + hn::MaxLanes(half));
+            return {{hn::Combine(d, high.upper[0], low.upper[0]), hn::Combine(d, high.upper[1], low.upper[1])},
+                    {hn::Combine(d, high.lower[0], low.lower[0]), hn::Combine(d, high.lower[1], low.lower[1])}};
+        }
+    }
+
     const std::uint32_t* m_upper;
     const std::uint32_t* m_lower;
 };
@@ -152,7 +171,7 @@ HWY_INLINE Channels Mix(Channels a, Channels b, Channels weight)
 
 HWY_INLINE Colours Bilinear(const Fetcher& fetcher, const Chunk& chunk, int i)
 {
-    const auto texels = fetcher.Around(words, chunk.place + i);
+    const auto texels = fetcher.At(chunk.place + i);
     const auto fraction = hn::Load(words, chunk.fraction + i);
     const auto alongU = LowTwice(fraction);
     const auto alongV = HighTwice(fraction);
