@@ -97,11 +97,16 @@ struct Colours {
     }
 };
 
+HWY_INLINE bool AreOpaque(Pixels32 pixels)
+{
+    const auto colour = hn::Set(words, 0x00FFFFFFU);
+    return hn::AllTrue(words, hn::Eq(hn::Or(pixels, colour), hn::Set(words, 0xFFFFFFFFU)));
+}
+
 /// Blends a vector of pixels, of which the first count lie in the row.
 HWY_INLINE void BlendInto(std::uint32_t* destination, Pixels32 source, int count)
 {
-    const auto colour = hn::Set(words, 0x00FFFFFFU);
-    if (hn::AllTrue(words, hn::Eq(hn::Or(source, colour), hn::Set(words, 0xFFFFFFFFU)))) {
+    if (AreOpaque(source)) {
         Put(destination, source, count);
     } else if (!hn::AllTrue(words, hn::Eq(source, hn::Zero(words)))) {
         Put(destination, Over(Get(destination, count), source), count);
@@ -118,15 +123,29 @@ HWY_INLINE void BlendInto(std::uint32_t* destination, const Colours& source, int
     }
 }
 
-void BlendRowOf(std::uint32_t* destination, const std::uint32_t* source, int count)
+HWY_INLINE void BlendRowInto(std::uint32_t* destination, const std::uint32_t* source, int count)
 {
     int i = 0;
     for (; i + kStep <= count; i += kStep) {
         BlendInto(destination + i, hn::LoadU(words, source + i), kStep);
     }
-    if (i < count) {
-        BlendInto(destination + i, LoadFirst(source + i, count - i), count - i);
+    if (i == count) {
+        return;
     }
+    if (i > 0) {
+        // A whole vector takes less than a part of one; what is opaque may be written twice.
+        const auto last = hn::LoadU(words, source + count - kStep);
+        if (AreOpaque(last)) {
+            hn::StoreU(last, words, destination + count - kStep);
+            return;
+        }
+    }
+    BlendInto(destination + i, LoadFirst(source + i, count - i), count - i);
+}
+
+void BlendRowOf(std::uint32_t* destination, const std::uint32_t* source, int count)
+{
+    BlendRowInto(destination, source, count);
 }
 
 } // namespace

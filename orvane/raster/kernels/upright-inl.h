@@ -82,7 +82,7 @@ void DrawUprightOf(const UprightJob& job)
         std::uint32_t* const target = job.target + (job.originY + y) * job.targetStride + job.originX + job.left;
         const std::uint32_t* const texels = job.source + y * job.sourceStride;
         if (!job.halfColumns && !job.halfRows) {
-            BlendRowOf(target, texels + job.left, job.right - job.left);
+            BlendRowInto(target, texels + job.left, job.right - job.left);
             continue;
         }
         const std::uint32_t* const upper = !job.halfRows ? texels : y > 0 ? texels - job.sourceStride : nullptr;
