@@ -12,7 +12,7 @@ namespace
 
 /// A quadrilateral is drawn in strips of so many columns by so many rows: what one row of a strip reads of the source,
 /// even turned by a right angle, stays in the nearest cache for the next row.
-constexpr int kStripColumns = 256;
+constexpr int kStripColumns = 512;
 constexpr int kStripRows = 32;
 
 /// A row of the target where a row of the quadrilateral goes.

@@ -13,7 +13,7 @@ namespace
 {
 
 /// Pixels or samples that pass through the buffers together.
-constexpr int kChunk = 256;
+constexpr int kChunk = 512;
 
 /// Where the pixels of a chunk read.
 struct Chunk {
