@@ -112,26 +112,42 @@ private:
     Divider m_columnMean;
 };
 
-/// A value and its neighbours on both sides: weights of 2^16 together.
+/// A value and its neighbours on both sides: weights of 2^16 together. Blurring takes nothing wider than 16 bits, so
+/// that compilers put as many channels as they can into a vector.
 class BlurAxis
 {
 public:
-    explicit BlurAxis(std::uint32_t neighbour) : m_beside(65536 * neighbour / (kBlurWhole + 2 * neighbour) * 2) {}
+    explicit BlurAxis(std::uint32_t neighbour)
+        : m_beside(static_cast<std::uint16_t>(kWhole * neighbour / (kBlurWhole + 2 * neighbour) * 2)),
+          m_here(static_cast<std::uint16_t>(kWhole - m_beside))
+    {
+    }
     /// What stands beyond a border so that the blurred pixel there is the mean of it and its one neighbour alone.
     std::uint16_t Beyond(std::uint16_t border, std::uint16_t inner) const
     {
-        const std::uint32_t sum = border * (65536 - m_beside) + inner * (m_beside / 2);
-        return static_cast<std::uint16_t>(sum / (65536 - m_beside / 2));
+        const std::uint32_t half = m_beside / 2U;
+        return static_cast<std::uint16_t>((border * (kWhole - m_beside) + inner * half) / (kWhole - half));
     }
     /// For colours in 8.8 bits; 255 comes out at most 2^-8 too small, 0 stays.
     std::uint16_t operator()(std::uint16_t before, std::uint16_t here, std::uint16_t behind) const
     {
-        const std::uint32_t mean = (std::uint32_t{before} + behind) >> 1;
-        return static_cast<std::uint16_t>((here * (65536 - m_beside) >> 16) + (mean * m_beside >> 16));
+        if (m_beside == 0) {
+            return here;
+        }
+        const std::uint16_t mean = static_cast<std::uint16_t>((before & behind) + ((before ^ behind) >> 1));
+        return static_cast<std::uint16_t>(Share(here, m_here) + Share(mean, m_beside));
     }
 
 private:
-    std::uint32_t m_beside; ///< the weight of both neighbours
+    static constexpr std::uint32_t kWhole = 65536;
+
+    static std::uint16_t Share(std::uint16_t colour, std::uint16_t weight)
+    {
+        return static_cast<std::uint16_t>(std::uint32_t{colour} * weight >> 16);
+    }
+
+    std::uint16_t m_beside; ///< the weight of both neighbours
+    std::uint16_t m_here;   ///< the rest; without neighbours it is the whole and does not fit
 };
 
 /// A row of channels in 8.8 bits; in a row to be blurred along itself, a pixel stands beyond either end.
@@ -161,11 +177,15 @@ BlurRow RowBeyond(const BlurAxis& axis, const std::uint16_t* border, const std::
     return row;
 }
 
+// What a loop reads is copied first: for all that compilers know, what it writes may lie over it.
+
 void BlurAlong(const BlurRow& texels, const BlurAxis& axis, std::uint16_t* row)
 {
+    const BlurAxis blur = axis;
     const std::uint16_t* const before = texels.data();
-    for (std::size_t i = 0; i < texels.size() - 2 * kChannels; ++i) {
-        row[i] = axis(before[i], before[i + kChannels], before[i + 2 * kChannels]);
+    const std::size_t count = texels.size() - 2 * kChannels;
+    for (std::size_t i = 0; i < count; ++i) {
+        row[i] = blur(before[i], before[i + kChannels], before[i + 2 * kChannels]);
     }
 }
 
@@ -174,15 +194,18 @@ struct BlurColumn {
     const std::uint16_t* before;
     const std::uint16_t* here;
     const std::uint16_t* behind;
-
-    void Blur(const BlurAxis& axis, std::uint32_t* pixels, std::size_t width) const
-    {
-        std::uint8_t* const channels = reinterpret_cast<std::uint8_t*>(pixels);
-        for (std::size_t i = 0; i < width * kChannels; ++i) {
-            channels[i] = static_cast<std::uint8_t>((axis(before[i], here[i], behind[i]) + 128U) >> 8);
-        }
-    }
 };
+
+void BlurAcross(const BlurColumn& column, const BlurAxis& axis, std::uint32_t* pixels, std::size_t width)
+{
+    const BlurAxis blur = axis;
+    const auto [before, here, behind] = column;
+    std::uint8_t* const channels = reinterpret_cast<std::uint8_t*>(pixels);
+    for (std::size_t i = 0; i < width * kChannels; ++i) {
+        const std::uint16_t colour = blur(before[i], here[i], behind[i]);
+        channels[i] = static_cast<std::uint8_t>(static_cast<std::uint16_t>(colour + 128) >> 8);
+    }
+}
 
 } // namespace
 
@@ -243,7 +266,7 @@ std::vector<std::uint32_t> Blurred(const TexelSource& source, const BlurWeights&
         }
         const BlurColumn column{y > 0 ? rowAt(y - 1) : beyond.data(), rowAt(y),
                                 y < last ? rowAt(y + 1) : beyond.data()};
-        column.Blur(across, picture.data() + columns * static_cast<std::size_t>(y), columns);
+        BlurAcross(column, across, picture.data() + columns * static_cast<std::size_t>(y), columns);
     }
     return picture;
 }

@@ -210,6 +210,7 @@ bool QuadRenderer::DrawFast(Bitmap& target, const CornerBounds& bounds, const Pi
     if (!job) {
         return false;
     }
+    m_cacheWarmer.Read(view.source, std::int64_t{pixels.right - pixels.left} * (pixels.bottom - pixels.top));
     job->left = pixels.left - origin.x;
     job->top = pixels.top - origin.y;
     job->right = pixels.right - origin.x;

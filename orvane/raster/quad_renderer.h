@@ -3,6 +3,7 @@
 
 #include "host/polygon_render.h"
 #include "host/rect.h"
+#include "orvane/raster/cache_warmer.h"
 #include "orvane/raster/fast_quad.h"
 #include "orvane/raster/quad_geometry.h"
 #include "orvane/raster/quad_mapping.h"
@@ -59,6 +60,7 @@ private:
     Quad m_quad{};
     Filter m_filter = Filter::OneSample;
     RowCoverage m_coverage;
+    CacheWarmer m_cacheWarmer;
     std::array<JobPattern, kMostTiles> m_patterns; ///< of a row of tiles
     CRect m_boundingBox;
     CRect m_lastDrawn; ///< empty when nothing was

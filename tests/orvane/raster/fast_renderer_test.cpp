@@ -70,6 +70,15 @@ HalfPixels Turned(Dice& dice, double width, double height, double depth)
     return corners;
 }
 
+/// Its right end lies in the target, where a place of 32 bits, counted from the left end, loses another bit of its
+/// fraction.
+HalfPixels WideBeyondTheLeft(Dice& dice)
+{
+    const long right = dice(0, 100), left = right - 2 * ((512L << dice(0, 2)) + dice(0, 16));
+    const auto aslant = [&dice](long x) { return x + dice(-5, 5); };
+    return {aslant(left), -20, aslant(right), -20, aslant(right), 140, aslant(left), 140};
+}
+
 Scene RandomScene(Dice& dice, const Bitmap& texture)
 {
     Scene scene{{}, WholeOf(texture), dice(0, 1)};
@@ -79,7 +88,7 @@ Scene RandomScene(Dice& dice, const Bitmap& texture)
     }
     const double width = std::abs(scene.box.right - scene.box.left),
                  height = std::abs(scene.box.bottom - scene.box.top);
-    switch (dice(0, 4)) {
+    switch (dice(0, 5)) {
     case 0:
         scene.corners = Upright(dice(-60, 140), dice(-60, 140), std::lround(2 * width), std::lround(2 * height));
         break;
@@ -95,6 +104,9 @@ Scene RandomScene(Dice& dice, const Bitmap& texture)
     }
     case 3:
         scene.corners = Turned(dice, dice.Real(1, 80), dice.Real(1, 80), 0.95);
+        break;
+    case 4:
+        scene.corners = WideBeyondTheLeft(dice);
         break;
     default:
         std::generate(scene.corners.begin(), scene.corners.end(), [&dice] { return dice(-40, 160); });

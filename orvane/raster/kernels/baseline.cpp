@@ -2,4 +2,4 @@
 // The kernels for what every machine of this architecture has.
 #define ORVANE_KERNELS kKernelsBaseline
 #define ORVANE_KERNELS_NAME "baseline"
-#include "orvane/raster/kernels-inl.h"
+#include "orvane/raster/kernels/kernels-inl.h"
