@@ -119,7 +119,7 @@ class PageTest(unittest.TestCase):
         self.assertIn("| agg | 33.5 / 61.0 / 53.0 |", text)
         self.assertIn("| blend2d (recorded) | 133 (1.00) | 94 (1.00) |", text)
         self.assertIn("| tilted240-52 | in motion: loss against one picture | at most 15.0 % | 20.0 % | **no** |", text)
-        self.assertIn("| blit240 | in motion: speed over the fastest peer (blend2d (recorded)) | 1.00 | 1.25 | yes |", text)
+        self.assertIn("in motion: speed over the fastest peer (blend2d (recorded)) | 1.00 | 1.25 | yes |", text)
         self.assertIn("goals are reached**; missed are:", text)
         bars = [element for element in drawing.iter() if element.get("stroke-dasharray")]
         self.assertEqual(len(bars), 5)  # two recorded rows of two scenes, and one in the legend

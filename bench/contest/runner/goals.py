@@ -47,8 +47,8 @@ class Goal:
 
 def judge(results: Results, scene: Scene) -> list[Goal]:
     """The goals of a scene. With several pictures the speeds, and what is lost against one picture."""
-    goals = [*_speeds(results, scene), *(_qualities(results, scene) if scene.pictures == 1 else _losses(results, scene))]
-    return [Goal(scene.name, *goal) for goal in goals]
+    others = _qualities if scene.pictures == 1 else _losses
+    return [Goal(scene.name, *goal) for goal in (*_speeds(results, scene), *others(results, scene))]
 
 
 def _multiple(results: Results, scene: Scene, name: str, peer: str | None, least: float, of: str) -> tuple:

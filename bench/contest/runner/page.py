@@ -8,7 +8,7 @@ import goals
 import recorded
 from goals import Goal
 from programs import Scene
-from results import LIMITS, OURS, Results
+from results import LIMITS, MOTION, OURS, Results
 
 KINDS = {
     "blit": "Upright, natural size, at whole pixels",
@@ -20,8 +20,8 @@ KINDS = {
 
 INTRODUCTION = """# The contest of renderers
 
-What a program would otherwise draw its cards with, measured beside this project's renderer: the same scenes, in one run,
-taking turns on one core, one thread each. Made by
+What a program would otherwise draw its cards with, measured beside this project's renderer: the same scenes, in one
+run, taking turns on one core, one thread each. Made by
 
     scripts/contest
 
@@ -33,12 +33,12 @@ picture (71 x 96 or 240 x 336), the target has 800 x 600 pixels, with `hd` 1920 
 picture; with `-52` each has its own, as a real deck does. Tilted cards are turned by up to 60 degrees about x and y.
 
 **Speed** is the area of the cards that lies in the target, in millions of pixels a second of processor time, without
-clearing the target; medians of the repetitions. Other programs ran on the machine: trust ratios, and take differences
-below 15 % for a tie. **Quality** is the distance of one frame from brute force with 256 points a pixel, in decibels over the
-pixels that cards touch or border. *Area*: the mean of the pixel's area, what one should see. *Conformance*: one exact bilinear
-sample times the exact coverage, what bilinear renderers set out to draw; *edges*: the same, of edge pixels alone. A picture
-is *right* when conformance and edges reach 40 dB, or its area is as good as that of the best peer whose do. The card is
-drawn by the program: decibels of area depend on it, compare them within a scene.
+clearing the target; medians of the repetitions. Other programs may run on the machine: trust ratios, and take
+differences below 15 % for a tie. **Quality** is the distance of one frame from brute force with 256 points a pixel, in
+decibels over the pixels that cards touch or border. *Area*: the mean of the pixel's area, what one should see.
+*Conformance*: one exact bilinear sample times the exact coverage, what bilinear renderers set out to draw; *edges*: the
+same, of edge pixels alone. A picture is *right* when conformance and edges reach 40 dB, or its area is as good as that
+of the best peer whose do. The card is drawn by the program: decibels of area depend on it, compare them within a scene.
 """
 
 
@@ -49,8 +49,9 @@ def _number(value: float | None, unit: str) -> str:
     return formats[unit].format(value * 100.0 if unit == "%" else value)
 
 
-def _table(head: list[str], rows: list[list[str]]) -> str:
-    lines = [head, ["---"] + ["---:"] * (len(head) - 1), *rows]
+def _table(head: list[str], rows: list[list[str]], words: int = 1) -> str:
+    """The first columns hold words, the others numbers."""
+    lines = [head, ["---"] * words + ["---:"] * (len(head) - words), *rows]
     return "".join("| " + " | ".join(line) + " |\n" for line in lines)
 
 
@@ -61,7 +62,7 @@ def _goal_row(goal: Goal) -> list[str]:
 
 
 def goal_table(judged: list[Goal]) -> str:
-    return _table(["scene", "goal", "wanted", "measured", "reached"], [_goal_row(goal) for goal in judged])
+    return _table(["scene", "goal", "wanted", "measured", "reached"], [_goal_row(goal) for goal in judged], words=2)
 
 
 def _order(results: Results, scenes: list[Scene]) -> list[str]:
@@ -116,9 +117,10 @@ def _chart(results: Results, kind: str, scenes: list[Scene], names: list[str]) -
             for name in names
             if results.speed(scene, name)
         }
-        multiples = [goal for goal in goals.judge(results, scene) if goal.unit == "x" and goal.what.startswith("in motion")]
-        ours = results.speed(scene, OURS[0])
-        wanted = [goal.wanted * ours / goal.measured for goal in multiples if goal.measured]
+        judged = goals.judge(results, scene)
+        moving = [goal for goal in judged if goal.unit == "x" and goal.what.startswith("in motion")]
+        multiples = [goal for goal in moving if goal.measured]
+        wanted = [goal.wanted * results.speed(scene, MOTION) / goal.measured for goal in multiples]
         columns.append(bar_chart.Column(scene.name, bars, max(wanted, default=None)))
     return bar_chart.draw(f"{KINDS[kind]}: Mpixel/s", names, columns)
 
@@ -150,8 +152,8 @@ def _summary(results: Results) -> str:
 
 def _contestants(results: Results) -> str:
     rows = [[name, what] for name, what in results.contestants.items()]
-    rows += [[name, "a multiple, recorded on another machine, of a contestant's speed here"] for name in recorded.MULTIPLES]
-    return "\n## Contestants\n\n" + _table(["name", "what it is"], rows).replace("---:", "---")
+    rows += [[name, "recorded on another machine, as a multiple of a contestant here"] for name in recorded.MULTIPLES]
+    return "\n## Contestants\n\n" + _table(["name", "what it is"], rows, words=2)
 
 
 def _run(results: Results) -> str:
