@@ -16,6 +16,7 @@ Patience::Patience(HeadlessTable& table, DeckFiles files, const std::vector<long
     cards.UseSheet({files.sheet, files.back, files.cellWidth, files.cellHeight});
 
     std::vector<cardkit::Card> stock;
+    stock.reserve(order.size());
     for (const long value : order) {
         stock.push_back({value, cardkit::Facing::Down});
     }
