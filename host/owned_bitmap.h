@@ -7,6 +7,7 @@
 
 /// Gives a bitmap back to the manager; null is fine.
 struct BitmapDestroyer {
+    /// Destroys it.
     void operator()(Bitmap* bitmap) const { BitmapManager::Instance().Destroy(bitmap); }
 };
 

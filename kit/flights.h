@@ -44,9 +44,11 @@ public:
     /// Ends a flight where the card is: it stays in the scene, and away from its pile. Nothing for a card not in
     /// flight.
     void Stop(const CObject& card);
+    /// True while the card flies.
     bool IsFlying(const CObject& card) const;
     /// The cards, in the order of their starts.
     std::vector<CObject*> Cards() const;
+    /// How many fly.
     std::size_t NumInAir() const { return m_flights.size(); }
 
 private:

@@ -42,8 +42,11 @@ public:
     /// The press ends without effect; cards held fly home.
     void Cancel();
 
+    ///@{
+    /// Whether a press, or a drag, goes on.
     bool IsPressed() const { return m_press.has_value(); }
     bool IsDragging() const { return m_press.has_value() && m_press->dragging; }
+    ///@}
 
 private:
     struct PressState {

@@ -22,9 +22,13 @@ namespace cardkit
 
 /// A card's value and the side it shows.
 struct Card {
+    ///@{
+    /// The value counts through the sheet.
     long value = 0;
     Facing facing = Facing::Down;
+    ///@}
 
+    /// Equal in both.
     friend bool operator==(const Card&, const Card&) = default;
 };
 
@@ -45,18 +49,24 @@ public:
     Pile(const Pile&) = delete;
     Pile& operator=(const Pile&) = delete;
 
+    ///@{
+    /// The pocket, how its cards lie, and how many there are.
     CPocket& Pocket() const { return m_pocket; }
     const PileLayout& Layout() const { return m_layout; }
     long NumCards() const { return static_cast<long>(m_slots.size()); }
+    ///@}
     ///@{
     /// The card at a position; -1, face down and null out of range.
     long ValueAt(long position) const;
     Facing FacingAt(long position) const;
     CObject* CardAt(long position) const;
     ///@}
+    ///@{
     /// The position of a card object, or of the topmost card of a value; 0 when it is not in this pile.
     long PositionOf(const CObject& card) const;
     long PositionOfValue(long value) const;
+    ///@}
+    /// All cards, bottom to top.
     std::vector<Card> Cards() const;
 
     ///@{

@@ -12,6 +12,7 @@ namespace cardkit
 /// How the cards of a pile lie. All lengths are pixels; the bottom card's top-left pixel is the pile's place. A card is
 /// one step away from the card below it: a longer one from a card that shows its face. Negative steps go left and up.
 struct PileLayout {
+    /// Of the bottom card.
     Pixel place{};
     ///@{
     /// The step from a card that lies face up, and from one that lies face down.
@@ -30,6 +31,7 @@ struct PileLayout {
     int roomY = std::numeric_limits<int>::max();
     ///@}
 
+    /// Equal in every value.
     friend bool operator==(const PileLayout&, const PileLayout&) = default;
 };
 

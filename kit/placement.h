@@ -10,6 +10,8 @@ namespace cardkit
 
 /// Where a card is: its centre in world units, its rotation in degrees (z first, then y, then x), its scale.
 struct Placement {
+    ///@{
+    /// The values, in that order.
     double x = 0.0;
     double y = 0.0;
     double z = 0.0;
@@ -17,10 +19,13 @@ struct Placement {
     double rotY = 0.0;
     double rotZ = 0.0;
     double scale = 1.0;
+    ///@}
 
+    /// Equal in every value.
     friend bool operator==(const Placement&, const Placement&) = default;
 };
 
+/// Which side of a card is to be seen.
 enum class Facing { Down, Up };
 
 /// The rotation about x that shows a resting card's back or its upright face.
@@ -31,17 +36,25 @@ constexpr double RestRotation(Facing facing)
 
 /// The size at which cards are drawn at rest, pixels.
 struct CardSize {
+    ///@{
+    /// At least 1.
     int width = 1;
     int height = 1;
+    ///@}
 
+    /// Equal in both sides.
     friend bool operator==(const CardSize&, const CardSize&) = default;
 };
 
 /// A pixel of the screen.
 struct Pixel {
+    ///@{
+    /// From the top-left corner, to the right and down.
     int x = 0;
     int y = 0;
+    ///@}
 
+    /// The same pixel.
     friend bool operator==(const Pixel&, const Pixel&) = default;
 };
 

@@ -14,8 +14,11 @@ namespace cardkit
 /// A shadow on the table that follows one flying card: an object of the scene with moves of its own. At both ends of
 /// the flight it is hidden under the card.
 struct FlyingShadow {
+    ///@{
+    /// The shadow and its way.
     std::unique_ptr<CObject> object;
     std::unique_ptr<C3DMoveList> moves;
+    ///@}
 };
 
 /// Makes the shadows of cards of one size.

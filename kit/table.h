@@ -27,32 +27,45 @@ namespace cardkit
 
 /// The picture files of a deck: a sheet with a grid of cells and a back. A card's value is row * columns + column.
 struct CardSheet {
+    ///@{
+    /// The files.
     std::string faces;
     std::string back;
-    int cellWidth = 0; ///< pixels
+    ///@}
+    ///@{
+    /// The size of a cell, pixels.
+    int cellWidth = 0;
     int cellHeight = 0;
+    ///@}
 };
 
 /// The grid of every sheet that a table uses.
 struct SheetGrid {
+    ///@{
+    /// The cells; the last row holds so many.
     int rows = 4;
     int columns = 13;
-    int lastRow = 13; ///< cells in the last row
+    int lastRow = 13;
+    ///@}
 };
 
 /// How a card is to fly.
 struct Flight {
-    FlightStyle style{};
-    int frames = 20; ///< at normal speed
-    int delay = 0;   ///< frames before it starts, at normal speed
-    bool shadow = true;
+    FlightStyle style{}; ///< the curve
+    int frames = 20;     ///< at normal speed
+    int delay = 0;       ///< frames before it starts, at normal speed
+    bool shadow = true;  ///< on the table below it
 };
 
 /// A place on the table: a card of a pile, or, with position 0, the place of a pile where no card lies.
 struct Spot {
+    ///@{
+    /// The pile counts from 0, the position from 1, the bottom card.
     std::size_t pile = 0;
     long position = 0;
+    ///@}
 
+    /// The same place.
     friend bool operator==(const Spot&, const Spot&) = default;
 };
 

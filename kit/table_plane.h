@@ -18,8 +18,11 @@ public:
     /// The screen's size in pixels; less than 2 counts as 2.
     TablePlane(int width, int height);
 
+    ///@{
+    /// The screen's size, pixels.
     int Width() const { return m_width; }
     int Height() const { return m_height; }
+    ///@}
 
     /// Sets the process-wide projection and the table's camera. The host runs with the same size, the table has been
     /// initialised. Called again after a change of size.

@@ -7,8 +7,10 @@
 namespace orvane
 {
 
+/// What points.
 enum class PointerKind { Mouse, Touch };
 
+/// What it did.
 enum class PointerAction {
     Down,
     Move,
@@ -17,23 +19,28 @@ enum class PointerAction {
     Cancel ///< a press ends without an Up, as when the window loses the focus: whatever was dragged goes back
 };
 
+/// A button of a mouse.
 enum class PointerButton { None, Left, Middle, Right, Back, Forward };
 
 /// The modifier keys held at an event.
 struct Modifiers {
+    ///@{
+    /// True while held.
     bool shift = false;
     bool control = false;
     bool alt = false;
     bool meta = false;
+    ///@}
 
+    /// The same keys.
     friend bool operator==(const Modifiers&, const Modifiers&) = default;
 };
 
 /// A mouse or a finger did something. A press outlives the window's edge: while a button is down, moves and the release
 /// arrive from outside too, with places off the screen. Every Down is followed by one Up or Cancel of its button.
 struct PointerEvent {
-    PointerAction action = PointerAction::Move;
-    PointerKind kind = PointerKind::Mouse;
+    PointerAction action = PointerAction::Move; ///< what happened
+    PointerKind kind = PointerKind::Mouse;      ///< by what
     /// Which finger; 0 for the mouse.
     std::int64_t finger = 0;
     /// The button of a Down, Up or Cancel; a finger's is Left. Otherwise None.
@@ -50,9 +57,10 @@ struct PointerEvent {
     float wheelX = 0.0F;
     float wheelY = 0.0F;
     ///@}
-    Modifiers modifiers{};
+    Modifiers modifiers{}; ///< held at that time
 };
 
+/// A key by what it does.
 enum class Key {
     Other,
     Character, ///< a key with a character on it: KeyEvent::character says which
@@ -87,13 +95,13 @@ enum class Key {
 
 /// A key went down or up. For typed text use Program::Text: a key is not a letter.
 struct KeyEvent {
-    bool down = true;
+    bool down = true; ///< false: it went up
     /// A press that the held key repeats.
     bool repeat = false;
-    Key key = Key::Other;
+    Key key = Key::Other; ///< which
     /// For Key::Character: what the key has on it without modifiers (a small letter), as Unicode. Otherwise 0.
     char32_t character = 0;
-    Modifiers modifiers{};
+    Modifiers modifiers{}; ///< held at that time
 };
 
 } // namespace orvane

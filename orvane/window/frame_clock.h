@@ -19,6 +19,7 @@ public:
     /// Starts at that time.
     explicit FrameClock(std::uint64_t time) : m_followed(time), m_now(time) {}
 
+    /// The time that animations see.
     std::uint64_t Now() const { return m_now; }
     /// Moves on by the time since the last call, by four periods at most. An earlier time than before moves nothing.
     void Follow(std::uint64_t time, std::uint32_t period);

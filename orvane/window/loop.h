@@ -36,6 +36,7 @@ struct LoopCounters {
 class ORVANE_WINDOW_API Loop
 {
 public:
+    /// Gives a time in microseconds.
     using Clock = std::function<std::uint64_t()>;
     /// Names a timer; never 0.
     using Timer = std::uint64_t;
@@ -73,6 +74,7 @@ public:
     /// Forgets a timer; nothing for one that has been called or is unknown.
     void Cancel(Timer timer);
 
+    /// What the loop has done so far.
     const LoopCounters& Counters() const;
 
 private:

@@ -26,6 +26,7 @@ struct ORVANE_WINDOW_API PixelScale {
     int PixelY(double y) const;
     ///@}
 
+    /// Equal in every value.
     friend bool operator==(const PixelScale&, const PixelScale&) = default;
 };
 

@@ -19,7 +19,7 @@ namespace orvane
 
 /// How a window opens.
 struct WindowSettings {
-    std::string title = "orvane";
+    std::string title = "orvane"; ///< UTF-8
     ///@{
     /// Size in the display's units, which are pixels but for displays with a scale. 0 or less: the screen's present
     /// size.
@@ -31,7 +31,7 @@ struct WindowSettings {
     int minimumWidth = 320;
     int minimumHeight = 240;
     ///@}
-    bool fullScreen = false;
+    bool fullScreen = false; ///< covers the whole display at once
 };
 
 /// A resizable window on the screen of the running host: a pixel of the screen is a pixel of the display. Opening it
@@ -45,6 +45,7 @@ public:
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
 
+    /// UTF-8.
     void SetTitle(const std::string& title);
     /// Shows the picture wherever the system shows a program's sign; it is copied. An empty bitmap changes nothing.
     void SetIcon(const Bitmap& icon);
