@@ -45,6 +45,7 @@ quietly() {
 }
 
 # What every build of the project needs.
-build_packages=(cmake make g++ pkg-config libsdl2-dev libsdl2-image-dev libwebp-dev libhwy-dev)
-test_packages=(libgtest-dev libcairo2-dev librsvg2-bin xvfb xdotool weston)
+build_packages=(cmake make g++ pkg-config libsdl2-dev libsdl2-image-dev libsdl2-ttf-dev libwebp-dev libhwy-dev
+                libcairo2-dev librsvg2-dev zlib1g-dev fonts-dejavu-core)
+test_packages=(libgtest-dev librsvg2-bin xvfb xdotool weston)
 jobs=$(nproc)
