@@ -154,7 +154,7 @@ public:
         } catch (const DeckError& error) {
             m_catalog.problems.emplace_back(error.what());
         } catch (const fs::filesystem_error& error) {
-            m_catalog.problems.emplace_back(error.what());
+            m_catalog.problems.emplace_back(DeckError(error.what()).what());
         }
     }
 
