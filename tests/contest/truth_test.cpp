@@ -17,7 +17,6 @@ constexpr int kSize = 16;
 constexpr int kSamples = 16;
 constexpr std::uint32_t kWhite = 0xFFFFFFFFU;
 constexpr std::uint32_t kBlack = 0xFF000000U;
-constexpr TrueColour kTableColour{0.0F, 127.0F, 0.0F};
 
 Picture Checkerboard(int size, std::uint32_t even, std::uint32_t odd)
 {
