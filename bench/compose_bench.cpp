@@ -20,8 +20,6 @@
 namespace
 {
 
-using bench::OwnedBitmap;
-
 constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
 constexpr int kColumns = 13;

@@ -18,7 +18,7 @@ constexpr std::size_t kSheetBytes = std::size_t{4} * 3120 * 1680;
 
 const Bitmap& Sheet()
 {
-    static const bench::OwnedBitmap sheet = bench::DrawSheet(13, 5, 240, 336);
+    static const OwnedBitmap sheet = bench::DrawSheet(13, 5, 240, 336);
     return *sheet;
 }
 

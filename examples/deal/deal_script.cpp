@@ -37,7 +37,7 @@ std::size_t Column(int index)
 } // namespace
 
 DealScript::DealScript(Patience& patience, double speed)
-    : m_patience(patience), m_stage(patience.Stage()), m_table(m_stage.Table()), m_speed(speed)
+    : m_stage(patience.Stage()), m_table(m_stage.Table()), m_speed(speed)
 {
     m_table.SetSpeed(speed);
 }

@@ -41,7 +41,6 @@ private:
     void FlyToPile(std::size_t from, std::size_t to, cardkit::Facing facing, const cardkit::FlightStyle& style,
                    double frames);
 
-    Patience& m_patience;
     HeadlessTable& m_stage;
     cardkit::Table& m_table;
     double m_speed;
