@@ -2,7 +2,7 @@
 #pragma once
 
 #include "examples/klondike/app/program.h"
-#include "examples/klondike/options.h"
+#include "examples/klondike/app/options.h"
 
 namespace klondike
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "examples/klondike/options.h"
+#include "examples/klondike/app/options.h"
 
 #include <charconv>
 #include <system_error>

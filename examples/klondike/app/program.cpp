@@ -45,16 +45,18 @@ Program::Program(orvane::Host& host, orvane::Window& window, Setup setup, orvane
     : m_window(window), m_game(std::move(setup.game)), m_settings(std::move(setup.settings)),
       m_view(window.Width(), window.Height()), m_player(m_game, m_view, *this), m_celebration(m_view.Cards()),
       m_toolBar(m_painter), m_popup(m_painter), m_message(std::move(setup.message)),
-      m_keeper(std::move(setup.saveFile), std::move(setup.settingsFile)), m_loop(host, window, *this, std::move(clock)),
-      m_decks(std::move(setup.decks), [this] { m_loop.Wake(); })
+      m_keeper(std::move(setup.saveFile), std::move(setup.settingsFile)),
+      m_chooseDeal(setup.chooseDeal ? std::move(setup.chooseDeal) : &RandomDealNumber),
+      m_loop(host, window, *this, std::move(clock)), m_decks(std::move(setup.decks), [this] { m_loop.Wake(); }),
+      m_answers(setup.answers)
 {
     if (m_message.empty()) {
         m_message = m_painter.Error();
     }
-    if (setup.answers != nullptr) {
-        m_conversation.emplace(*setup.answers, m_game, setup.describe);
+    if (m_answers != nullptr) {
+        m_conversation.emplace(*m_answers, m_game, setup.describe);
         m_conversation->Begin();
-        setup.answers->flush();
+        m_answers->flush();
     }
     if (setup.commands >= 0) {
         m_reader = std::make_unique<CommandReader>(setup.commands, [this] { m_loop.Wake(); });
@@ -161,6 +163,7 @@ bool Program::Follow(const std::string& command)
     const std::size_t undone = m_game.Undone().size();
     m_isAnswering = true;
     const bool goesOn = m_conversation->Answer(command);
+    m_answers->flush();
     const bool isFresh = m_game.Played().empty() && m_game.Undone().empty();
     if (isFresh && (deal != m_game.DealNumber() || played + undone > 0)) {
         LayOut();
@@ -203,6 +206,7 @@ void Program::GameChanged()
     m_view.SetStockSign(StockSign(m_game));
     if (m_conversation && !m_isAnswering) {
         m_conversation->TellChange();
+        m_answers->flush();
     }
     UpdateBar();
     PlanQuietWork();
@@ -376,7 +380,7 @@ void Program::GiveUpTo(const std::function<void()>& next)
 
 void Program::NewGame()
 {
-    Game game(RandomDealNumber(), m_settings.game);
+    Game game(m_chooseDeal(), m_settings.game);
     m_player.Cancel();
     m_game = game;
     LayOut(); // the waste may lie otherwise

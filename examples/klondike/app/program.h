@@ -21,6 +21,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -37,9 +38,10 @@ struct Setup {
     std::filesystem::path saveFile{};     ///< where the game is kept; empty: nowhere
     std::filesystem::path settingsFile{}; ///< likewise the settings
     DeckPlaces decks{};
-    int commands = -1;               ///< a file descriptor to read commands from; less than 0: none
-    std::ostream* answers = nullptr; ///< where their answers go; null: nowhere
-    bool describe = false;           ///< the table is printed there after every change
+    std::function<std::uint64_t()> chooseDeal{}; ///< a new game's number; empty: by chance
+    int commands = -1;                           ///< a file descriptor to read commands from; less than 0: none
+    std::ostream* answers = nullptr;             ///< where their answers go; null: nowhere
+    bool describe = false;                       ///< the table is printed there after every change
 };
 
 /// Klondike in a window.
@@ -55,7 +57,7 @@ public:
     /// Runs the program.
     orvane::Loop& Loop() { return m_loop; }
     const Game& TheGame() const { return m_game; }
-    const TableView& View() const { return m_view; }
+    TableView& View() { return m_view; }
     /// True while something goes on by itself: cards move, commands wait, a deck is on its way.
     bool IsBusy() const;
     ///@{
@@ -133,6 +135,7 @@ private:
     std::string m_message;
     Pressed m_pressed;
     Keeper m_keeper;
+    const std::function<std::uint64_t()> m_chooseDeal;
     PlayClock m_clock;
     bool m_isExamined = false;  ///< for being stuck
     bool m_isAnswering = false; ///< a command, which tells of its changes itself
@@ -143,6 +146,7 @@ private:
     orvane::Loop m_loop;
     orvane::Loop::Timer m_quietTimer = 0;
     DeckSupply m_decks; ///< wakes the loop from its threads, as the reader
+    std::ostream* const m_answers;
     std::optional<Conversation> m_conversation;
     std::unique_ptr<CommandReader> m_reader;
 };
