@@ -6,6 +6,7 @@
 #include "examples/klondike/rules/save_file.h"
 
 #include <array>
+#include <cstdlib>
 #include <random>
 
 using namespace klondike;
@@ -133,4 +134,16 @@ TEST_P(InputFuzz, TheTableAlwaysShowsTheGame)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, InputFuzz, testing::Range(1U, 7U));
+namespace
+{
+
+/// How many games; a long run asks for more.
+unsigned NumSeeds()
+{
+    const char* const wanted = std::getenv("KLONDIKE_FUZZ_SEEDS");
+    return wanted == nullptr ? 6U : static_cast<unsigned>(std::strtoul(wanted, nullptr, 10));
+}
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Seeds, InputFuzz, testing::Range(1U, NumSeeds() + 1U));
