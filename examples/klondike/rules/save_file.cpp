@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "examples/klondike/rules/save_file.h"
 
+#include "examples/common/unfinished_file.h"
 #include "examples/klondike/rules/save.h"
-#include "examples/klondike/rules/unfinished_file.h"
 
 #include <fstream>
 #include <stdexcept>
@@ -55,13 +55,13 @@ void SaveAtomically(const fs::path& path, std::string_view text)
         Fail(folder, "cannot be made", error);
     }
     try {
-        UnfinishedFile file(path);
+        common::UnfinishedFile file(path);
         file.Write(text);
         file.Publish();
     } catch (const std::system_error& failure) {
         Fail(path, "cannot be written", failure.code());
     }
-    RemoveLeftovers(path);
+    common::RemoveLeftovers(path);
 }
 
 std::optional<std::string> ReadText(const fs::path& path, std::size_t limit)

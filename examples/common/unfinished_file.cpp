@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "examples/klondike/rules/unfinished_file.h"
+#include "examples/common/unfinished_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -21,7 +21,7 @@
 #include <unistd.h>
 #endif
 
-namespace klondike
+namespace common
 {
 
 namespace
@@ -44,10 +44,10 @@ int MakeFile(const fs::path& name)
     return _wopen(name.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
 }
 
-std::ptrdiff_t WriteSome(int descriptor, std::string_view text)
+std::ptrdiff_t WriteSome(int descriptor, std::string_view bytes)
 {
     constexpr std::size_t kMost = 1U << 20;
-    return _write(descriptor, text.data(), static_cast<unsigned>(std::min(text.size(), kMost)));
+    return _write(descriptor, bytes.data(), static_cast<unsigned>(std::min(bytes.size(), kMost)));
 }
 
 bool Sync(int descriptor)
@@ -95,9 +95,9 @@ int MakeFile(const fs::path& name)
     return open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
 }
 
-std::ptrdiff_t WriteSome(int descriptor, std::string_view text)
+std::ptrdiff_t WriteSome(int descriptor, std::string_view bytes)
 {
-    return write(descriptor, text.data(), text.size());
+    return write(descriptor, bytes.data(), bytes.size());
 }
 
 bool Sync(int descriptor)
@@ -143,17 +143,6 @@ fs::path NextName(const fs::path& place)
     return name;
 }
 
-/// True for a name as NextName gives it.
-bool IsUnfinished(const std::string& name, const std::string& place)
-{
-    if (!name.starts_with(place + ".") || !name.ends_with(kEnding) || name.size() < place.size() + kEnding.size() + 4) {
-        return false;
-    }
-    const std::string_view numbers =
-        std::string_view(name).substr(place.size() + 1, name.size() - place.size() - kEnding.size() - 1);
-    return numbers.find_first_not_of("0123456789-") == std::string_view::npos;
-}
-
 } // namespace
 
 UnfinishedFile::UnfinishedFile(const fs::path& place)
@@ -178,22 +167,22 @@ UnfinishedFile::~UnfinishedFile()
     }
 }
 
-void UnfinishedFile::Write(std::string_view text)
+void UnfinishedFile::Write(std::string_view bytes)
 {
-    while (!text.empty()) {
-        const std::ptrdiff_t written = WriteSome(m_descriptor, text);
+    while (!bytes.empty()) {
+        const std::ptrdiff_t written = WriteSome(m_descriptor, bytes);
         if (written < 0 && errno != EINTR) {
             ThrowLastError();
         }
-        text.remove_prefix(static_cast<std::size_t>(std::max<std::ptrdiff_t>(written, 0)));
-    }
-    if (!Sync(m_descriptor)) {
-        ThrowLastError();
+        bytes.remove_prefix(static_cast<std::size_t>(std::max<std::ptrdiff_t>(written, 0)));
     }
 }
 
 void UnfinishedFile::Publish()
 {
+    if (!Sync(m_descriptor)) {
+        ThrowLastError();
+    }
     Close();
     Replace(m_name, m_place);
     m_name.clear();
@@ -208,23 +197,28 @@ void UnfinishedFile::Close()
     }
 }
 
+bool IsUnfinished(const fs::path& file)
+{
+    const std::string numbers = file.stem().extension().string();
+    return file.extension() == kEnding && numbers.size() > 1 &&
+           numbers.find_first_not_of("0123456789-", 1) == std::string::npos;
+}
+
 void RemoveLeftovers(const fs::path& place)
 {
-    constexpr std::chrono::hours kDead{1}; // no save takes so long
-    const std::string name = place.filename().string();
     const auto now = fs::file_time_type::clock::now();
     std::error_code error;
     const fs::path folder = place.has_parent_path() ? place.parent_path() : fs::path(".");
     for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
-        if (!IsUnfinished(at->path().filename().string(), name)) {
+        if (!IsUnfinished(at->path()) || at->path().stem().stem() != place.filename()) {
             continue;
         }
         std::error_code gone; // by another program
         const auto time = at->last_write_time(gone);
-        if (!gone && now - time > kDead) {
+        if (!gone && now - time > kLongestWriting) {
             fs::remove(at->path(), gone);
         }
     }
 }
 
-} // namespace klondike
+} // namespace common

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <string_view>
 
-namespace klondike
+namespace common
 {
 
 /// A file on its way to its place: written beside it under a name that no other program or thread has, and put there at
@@ -18,9 +19,10 @@ public:
     UnfinishedFile(const UnfinishedFile&) = delete;
     UnfinishedFile& operator=(const UnfinishedFile&) = delete;
 
-    /// Adds the text and waits until the disk has it. Throws std::system_error.
-    void Write(std::string_view text);
-    /// Puts the file in its place, over an earlier one. Nothing can be written any more. Throws std::system_error.
+    /// Adds the bytes. Throws std::system_error.
+    void Write(std::string_view bytes);
+    /// Waits until the disk has all of it, and puts it in its place, over an earlier file. Nothing can be written any
+    /// more. Throws std::system_error.
     void Publish();
 
 private:
@@ -31,7 +33,12 @@ private:
     int m_descriptor;
 };
 
+/// True for a name as an unfinished file has.
+bool IsUnfinished(const std::filesystem::path& file);
+/// Nobody writes so long: an older unfinished file is that of a program that died.
+inline constexpr std::chrono::hours kLongestWriting{1};
+
 /// Removes what programs that died have left unfinished on the way to that place.
 void RemoveLeftovers(const std::filesystem::path& place);
 
-} // namespace klondike
+} // namespace common
