@@ -194,22 +194,30 @@ void Table::Arrange(const std::vector<std::vector<Card>>& piles, const Flight& f
         delay += stagger;
         return delayed;
     };
+    const std::size_t numPiles = std::min(piles.size(), m_piles.size());
+    const auto turnKept = [&](Facing facing) {
+        for (std::size_t i = 0; i < numPiles; ++i) {
+            for (std::size_t k = 0; k < kept[i]; ++k) {
+                if (piles[i][k].facing == facing && m_piles[i]->FacingAt(static_cast<long>(k) + 1) != facing) {
+                    Order(i, piles[i][k].value, i, facing, next());
+                }
+            }
+        }
+    };
+    // A card turns its back before others come to lie on it, and its face when they have left.
+    turnKept(Facing::Down);
     std::vector<std::pair<std::size_t, Card>> missing;
-    for (std::size_t i = 0; i < std::min(piles.size(), m_piles.size()); ++i) {
+    for (std::size_t i = 0; i < numPiles; ++i) {
         for (std::size_t k = kept[i]; k < piles[i].size(); ++k) {
             const Card& card = piles[i][k];
             if (const auto from = take(card.value)) {
-                Order(*from, card.value, i, card.facing, next());
+                Enqueue({m_time, *from, card.value, i, card.facing, next(), true});
             } else {
                 missing.emplace_back(i, card);
             }
         }
-        for (std::size_t k = 0; k < kept[i]; ++k) {
-            if (m_piles[i]->FacingAt(static_cast<long>(k) + 1) != piles[i][k].facing) {
-                Order(i, piles[i][k].value, i, piles[i][k].facing, next());
-            }
-        }
     }
+    turnKept(Facing::Up);
     for (std::size_t i = 0; i < loose.size(); ++i) {
         for (const Card& card : loose[i]) {
             StartWaiting();
@@ -229,12 +237,15 @@ void Table::Arrange(const std::vector<std::vector<Card>>& piles, const Flight& f
 
 void Table::Order(std::size_t from, long value, std::size_t to, Facing facing, const Flight& flight)
 {
-    if (from >= m_piles.size() || to >= m_piles.size()) {
-        return;
+    if (from < m_piles.size() && to < m_piles.size()) {
+        Enqueue({m_time, from, value, to, facing, flight, from != to});
     }
-    Waiting order{m_time, from, value, to, facing, flight};
-    if (m_speed != kInstant && flight.delay > 0) {
-        order.start += static_cast<std::uint64_t>(Frames(flight.delay)) * glb->framePeriod;
+}
+
+void Table::Enqueue(Waiting order)
+{
+    if (m_speed != kInstant && order.flight.delay > 0) {
+        order.start += static_cast<std::uint64_t>(Frames(order.flight.delay)) * glb->framePeriod;
     }
     if (!m_waiting.empty()) {
         order.start = std::max(order.start, m_waiting.back().start);
@@ -255,7 +266,7 @@ void Table::Execute(const Waiting& order)
     if (card == nullptr) {
         return;
     }
-    if (order.from == order.to && position == to.NumCards()) {
+    if (!order.toTop) {
         ForgetHeld(*card);
         if (to.IsResting(position)) {
             to.PickUp(position);

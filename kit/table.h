@@ -128,8 +128,9 @@ public:
     /// one after the other, `stagger` frames apart, and cards that show the other side turn over. Cards that no pile
     /// holds are laid down without a flight; those that are not wanted vanish.
     void Arrange(const std::vector<std::vector<Card>>& piles, const Flight& flight, double stagger);
-    /// Flies the topmost card of that value from one pile to the top of another, or turns it over where it lies when
-    /// both are the same. Orders start in the order in which they were given. Nothing for a card that is not there.
+    /// Flies the topmost card of that value from one pile to the top of another, or turns it over where it lies, under
+    /// others too, when both are the same. Orders start in the order in which they were given. Nothing for a card that
+    /// is not there.
     void Order(std::size_t from, long value, std::size_t to, Facing facing, const Flight& flight);
     /// Sends a card that is away from its home there, or lets one at home rise and come back: any way that begins where
     /// it is seen.
@@ -175,6 +176,7 @@ private:
         std::size_t to;
         Facing facing;
         Flight flight;
+        bool toTop; ///< else it turns over where it lies
     };
     struct Held {
         Pile* pile;
@@ -183,6 +185,7 @@ private:
     };
 
     void RebuildPiles(const std::vector<PileLayout>& layouts);
+    void Enqueue(Waiting order);
     void Execute(const Waiting& order);
     CObject* Transfer(std::size_t from, long position, std::size_t to, Facing facing);
     void Fly(Pile& pile, long position, const Flight& flight);

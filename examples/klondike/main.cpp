@@ -1,23 +1,26 @@
 // SPDX-License-Identifier: MIT
-// Klondike in a terminal: commands from the standard input, the table as text. The game goes on where it was left.
+// Klondike in a window, or in a terminal. The game goes on where it was left.
+#include "examples/klondike/decks/deck_catalog.h"
+#include "examples/klondike/app/options.h"
 #include "examples/klondike/rules/deal.h"
 #include "examples/klondike/rules/folders.h"
 #include "examples/klondike/rules/save.h"
 #include "examples/klondike/rules/save_file.h"
+#include "examples/klondike/rules/settings.h"
 #include "examples/klondike/text/command.h"
 #include "examples/klondike/text/play.h"
+#include "examples/klondike/window_game.h"
 
-#include <charconv>
-#include <cstdint>
 #include <exception>
 #include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <system_error>
+#include <tuple>
 #include <utility>
 #include <vector>
+
+#include <unistd.h>
 
 namespace
 {
@@ -25,80 +28,82 @@ namespace
 constexpr int kFailure = 1;
 constexpr int kUsage = 2;
 
-constexpr const char* kHelp = "usage: klondike [--describe] [--deal NUMBER] [--draw-three]\n"
-                              "Plays Klondike by commands from the standard input; type help there.\n"
-                              "  --describe     print the table at the start and after each change\n"
-                              "  --deal NUMBER  a new game of that deal; without it the last game goes on\n"
-                              "  --draw-three   of a new game: three cards a draw\n";
-
-struct Arguments {
-    bool help = false;
-    bool describe = false;
-    bool drawThree = false;
-    std::optional<std::uint64_t> deal;
-};
-
-/// Empty for a call that cannot be followed.
-std::optional<Arguments> Parse(const std::vector<std::string_view>& words)
+/// The game that goes on, or a new one; and what to say about it.
+std::pair<klondike::Game, std::string> StartOrGoOn(const klondike::Arguments& arguments, klondike::Options options,
+                                                   const std::filesystem::path& file)
 {
-    Arguments arguments;
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        if (words[i] == "--help") {
-            arguments.help = true;
-        } else if (words[i] == "--describe") {
-            arguments.describe = true;
-        } else if (words[i] == "--draw-three") {
-            arguments.drawThree = true;
-        } else if (words[i] == "--deal" && i + 1 < words.size()) {
-            const std::string_view number = words[++i];
-            std::uint64_t deal = 0;
-            const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), deal);
-            if (error != std::errc{} || end != number.data() + number.size()) {
-                return std::nullopt;
-            }
-            arguments.deal = deal;
-        } else {
-            return std::nullopt;
-        }
-    }
-    return arguments;
-}
-
-klondike::Game StartOrGoOn(const Arguments& arguments, const std::filesystem::path& file)
-{
+    std::string message;
     if (!arguments.deal && !arguments.drawThree) {
         klondike::LoadedGame loaded = klondike::LoadOrSetAside(file);
-        if (!loaded.message.empty()) {
-            std::cerr << "klondike: " << loaded.message << "\n";
-        }
         if (loaded.game && !loaded.game->IsWon()) {
-            return std::move(*loaded.game);
+            return {std::move(*loaded.game), ""};
         }
+        message = loaded.message;
     }
-    klondike::Options options;
-    options.drawThree = arguments.drawThree;
-    return {arguments.deal ? *arguments.deal : klondike::RandomDealNumber(), options};
+    options.drawThree = arguments.drawThree.value_or(options.drawThree);
+    return {klondike::Game(arguments.deal ? *arguments.deal : klondike::RandomDealNumber(), options), message};
+}
+
+klondike::DeckPlaces PlacesOfDecks(const std::filesystem::path& data)
+{
+    return {KLONDIKE_ASSETS_FOLDER, klondike::DeckFolders((data / "decks").string()),
+            (klondike::CacheFolder() / "decks").string()};
+}
+
+int PlayInTerminal(klondike::Setup& setup, bool describe)
+{
+    if (!setup.message.empty()) {
+        std::cerr << "klondike: " << setup.message << "\n";
+    }
+    const int result = klondike::RunText(std::cin, std::cout, setup.game, describe);
+    klondike::SaveAtomically(setup.saveFile, klondike::ToText(setup.game));
+    return result;
+}
+
+int Run(const klondike::Arguments& arguments)
+{
+    const std::filesystem::path data = klondike::DataFolder();
+    klondike::Setup setup;
+    setup.saveFile = data / "game";
+    setup.settingsFile = data / "settings";
+    setup.settings = klondike::LoadSettings(setup.settingsFile);
+    std::tie(setup.game, setup.message) = StartOrGoOn(arguments, setup.settings.game, setup.saveFile);
+    if (arguments.terminal) {
+        return PlayInTerminal(setup, arguments.describe);
+    }
+    setup.settings.fullScreen = arguments.fullScreen.value_or(setup.settings.fullScreen);
+    if (!arguments.deck.empty()) {
+        setup.settings.deckName = arguments.deck;
+    }
+    setup.decks = PlacesOfDecks(data);
+    setup.describe = arguments.describe;
+    if (arguments.describe || !arguments.picture.empty()) {
+        setup.commands = STDIN_FILENO;
+        setup.answers = &std::cout;
+    }
+    if (!arguments.picture.empty()) {
+        klondike::TakePicture(arguments, std::move(setup));
+    } else {
+        klondike::PlayInWindow(arguments, std::move(setup));
+    }
+    return 0;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const std::optional<Arguments> arguments = Parse({argv + 1, argv + argc});
+    const std::optional<klondike::Arguments> arguments = klondike::ParseArguments({argv + 1, argv + argc});
     if (!arguments) {
-        std::cerr << kHelp;
+        std::cerr << klondike::ArgumentHelp();
         return kUsage;
     }
     if (arguments->help) {
-        std::cout << kHelp << "\n" << klondike::CommandHelp();
+        std::cout << klondike::ArgumentHelp() << "\n" << klondike::CommandHelp();
         return 0;
     }
     try {
-        const std::filesystem::path file = klondike::DataFolder() / "game";
-        klondike::Game game = StartOrGoOn(*arguments, file);
-        const int result = klondike::RunText(std::cin, std::cout, game, arguments->describe);
-        klondike::SaveAtomically(file, klondike::ToText(game));
-        return result;
+        return Run(*arguments);
     } catch (const std::exception& error) {
         std::cerr << "klondike: " << error.what() << "\n";
         return kFailure;

@@ -107,6 +107,31 @@ TEST_F(KitGame, CardsThatMakeRoomSlideAndCoveredOnesHaveNoControl)
     EXPECT_LE(table.At(2).HomePixel(20).x, 260 + 120);
 }
 
+TEST_F(KitGame, ArrangedAnywayTheTableHoldsWhatIsWanted)
+{
+    using Piles = std::vector<std::vector<Card>>;
+    const Piles start{{{0}, {1}, {2}}, {{3}, {4, Facing::Up}, {5, Facing::Up}}, {{6}}};
+    const Piles covered{{{0}, {1}, {2}}, {{3}, {4}, {5, Facing::Up}, {6}}, {}}; // 4 turns its back under others
+    const Piles turned{{{2}, {0, Facing::Up}, {1}}, {{6}, {5}, {4}, {3, Facing::Up}}, {}};
+    const std::vector<const Piles*> arrangements{&covered, &turned, &start, &turned, &covered};
+    table.Lay(start);
+    for (const int framesBetween : {1000, 5, 0}) {
+        for (const Piles* const wanted : arrangements) {
+            table.Arrange(*wanted, kFlight, 2.0);
+            for (int frame = 0; frame < framesBetween && Frame(); ++frame) {
+            }
+        }
+        UntilQuiet();
+        for (std::size_t i = 0; i < covered.size(); ++i) {
+            EXPECT_EQ(table.At(i).Cards(), covered[i]) << "pile " << i << ", " << framesBetween << " frames between";
+        }
+        const std::vector<std::uint8_t> flown = Screen();
+        table.Lay(covered);
+        Frame();
+        EXPECT_EQ(flown, Screen());
+    }
+}
+
 TEST_F(KitGame, RandomOrdersKeepEveryCardAndThePicture)
 {
     std::mt19937 random(5);

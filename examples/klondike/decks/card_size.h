@@ -10,4 +10,12 @@ struct CardSize {
     int height = 0;
 };
 
+/// The smallest and largest side of a card, pixels.
+inline constexpr int kSmallestCardSide = 8;
+inline constexpr int kLargestCardSide = 1200;
+
+/// The largest card of that shape, width by height, that has room; its sides are within the limits. A shape that is no
+/// number above 0 gives a card as large as the room.
+CardSize FittedCard(CardSize room, double aspect);
+
 } // namespace klondike

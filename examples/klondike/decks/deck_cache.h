@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "examples/klondike/decks/card_size.h"
 #include "examples/klondike/decks/deck_catalog.h"
 #include "examples/klondike/decks/deck_error.h"
 
@@ -21,10 +22,6 @@ struct DeckFiles {
     int cardWidth = 0; ///< pixels
     int cardHeight = 0;
 };
-
-/// The smallest and largest side of a card, pixels.
-inline constexpr int kSmallestCardSide = 8;
-inline constexpr int kLargestCardSide = 1200;
 
 /// The bytes that the files of a cache folder may have together; the oldest go first, those just made stay.
 inline constexpr std::uintmax_t kCacheLimit = 64U * 1024U * 1024U;

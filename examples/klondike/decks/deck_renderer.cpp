@@ -20,14 +20,14 @@ DeckRenderer::~DeckRenderer()
     m_current.request_stop();
 }
 
-std::uint64_t DeckRenderer::Request(const Deck& deck, int cardWidth, int cardHeight)
+std::uint64_t DeckRenderer::Request(const Deck& deck, CardSize room)
 {
     std::uint64_t request = 0;
     {
         const std::lock_guard lock(m_mutex);
         m_current.request_stop();
         request = ++m_requests;
-        m_next = Task{request, deck, cardWidth, cardHeight, std::stop_source()};
+        m_next = Task{request, deck, room, std::stop_source()};
     }
     m_asked.notify_one();
     return request;
@@ -53,15 +53,30 @@ void DeckRenderer::Run(const std::stop_token& end)
     }
 }
 
-DeckRenderer::Result DeckRenderer::Render(const Task& task) const
+DeckRenderer::Result DeckRenderer::Render(const Task& task)
 {
-    Result result{task.request, task.deck, {}, {}};
+    Result result{task.request, task.deck, {}, 0.0, {}};
     try {
-        result.files = Rendered(task.deck, task.cardWidth, task.cardHeight, m_folder, task.giveUp.get_token());
+        result.aspect = AspectOf(task.deck);
+        const CardSize size = FittedCard(task.room, result.aspect);
+        result.files = Rendered(task.deck, size.width, size.height, m_folder, task.giveUp.get_token());
     } catch (const std::exception& error) { // also of memory or of a folder: the thread must not end by it
         result.error = error.what();
     }
     return result;
+}
+
+double DeckRenderer::AspectOf(const Deck& deck)
+{
+    const auto known = m_aspects.find(deck.faces);
+    if (known != m_aspects.end()) {
+        return known->second;
+    }
+    const std::optional<double> aspect = CardAspect(deck);
+    if (aspect) {
+        m_aspects.emplace(deck.faces, *aspect); // a file that cannot be read now may be mended later
+    }
+    return aspect.value_or(0.0);
 }
 
 } // namespace klondike

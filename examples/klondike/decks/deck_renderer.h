@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -24,7 +25,8 @@ public:
         std::uint64_t request = 0; ///< what Request returned
         Deck deck;
         DeckFiles files;
-        std::string error; ///< one line; empty when the files are there
+        double aspect = 0.0; ///< width by height of a card as the deck has drawn it; 0 when that is not known
+        std::string error;   ///< one line; empty when the files are there
     };
 
     /// The pictures go into the folder. The function is called on the renderer's thread, with nothing locked; it hands
@@ -37,20 +39,21 @@ public:
     DeckRenderer(const DeckRenderer&) = delete;
     DeckRenderer& operator=(const DeckRenderer&) = delete;
 
-    /// Asks for a deck's pictures; returns at once. Requests are numbered from 1.
-    std::uint64_t Request(const Deck& deck, int cardWidth, int cardHeight);
+    /// Asks for a deck's pictures, in its own shape and as large as the room allows, pixels; returns at once. Requests
+    /// are numbered from 1.
+    std::uint64_t Request(const Deck& deck, CardSize room);
 
 private:
     struct Task {
         std::uint64_t request;
         Deck deck;
-        int cardWidth;
-        int cardHeight;
+        CardSize room;
         std::stop_source giveUp;
     };
 
     void Run(const std::stop_token& end);
-    Result Render(const Task& task) const;
+    Result Render(const Task& task);
+    double AspectOf(const Deck& deck);
 
     const std::string m_folder;
     const std::function<void(const Result&)> m_whenDone;
@@ -58,7 +61,8 @@ private:
     std::condition_variable_any m_asked;
     std::uint64_t m_requests = 0;
     std::optional<Task> m_next;
-    std::stop_source m_current; ///< of the task being drawn
+    std::stop_source m_current;              ///< of the task being drawn
+    std::map<std::string, double> m_aspects; ///< of faces; of the renderer's thread alone
     std::jthread m_thread;
 };
 

@@ -17,116 +17,108 @@ namespace
 
 constexpr std::size_t kMostLine = 1000;
 
-/// A player at a terminal: one command after the other.
-class Session
+} // namespace
+
+void Conversation::Begin() const
 {
-public:
-    Session(std::ostream& out, Game& game, bool describe) : m_out(out), m_game(game), m_describe(describe) {}
-
-    void Begin() const
-    {
-        if (m_describe) {
-            m_out << Describe(m_game);
-        }
+    if (m_describe) {
+        m_out << Describe(m_game);
     }
+}
 
-    /// False: the player leaves.
-    bool Answer(std::string_view line)
-    {
-        const std::variant<Command, std::string> read = ParseCommand(line);
-        if (const std::string* const error = std::get_if<std::string>(&read)) {
-            m_out << *error << "\n";
-            return true;
-        }
-        return Answer(std::get<Command>(read));
-    }
-
-private:
-    bool Answer(const Command& command)
-    {
-        switch (command.kind) {
-        case Command::Kind::Move:
-        case Command::Kind::Draw:
-        case Command::Kind::Home:
-            Play(command);
-            break;
-        case Command::Kind::Auto:
-            Finish();
-            break;
-        case Command::Kind::Undo:
-            Report(m_game.Undo(), "there is nothing to undo");
-            break;
-        case Command::Kind::Redo:
-            Report(m_game.Redo(), "there is nothing to redo");
-            break;
-        case Command::Kind::New:
-            m_game = Game(command.deal ? *command.deal : RandomDealNumber(), m_game.GameOptions());
-            Report(true, "");
-            break;
-        case Command::Kind::Restart:
-            m_game.Restart();
-            Report(true, "");
-            break;
-        case Command::Kind::Hint:
-            Hint();
-            break;
-        case Command::Kind::Describe:
-            m_out << Describe(m_game);
-            break;
-        case Command::Kind::Help:
-            m_out << CommandHelp();
-            break;
-        case Command::Kind::Quit:
-            return false;
-        }
+bool Conversation::Answer(std::string_view line)
+{
+    const std::variant<Command, std::string> read = ParseCommand(line);
+    if (const std::string* const error = std::get_if<std::string>(&read)) {
+        m_out << *error << "\n";
         return true;
     }
+    return Answer(std::get<Command>(read));
+}
 
-    void Play(const Command& command)
-    {
-        const std::optional<Move> move = ToMove(m_game, command);
-        Report(move && !m_game.Apply(*move).empty(), command.kind == Command::Kind::Draw
-                                                         ? "there is nothing more to draw"
-                                                         : "the rules do not allow this move");
+bool Conversation::Answer(const Command& command)
+{
+    switch (command.kind) {
+    case Command::Kind::Move:
+    case Command::Kind::Draw:
+    case Command::Kind::Home:
+        Play(command);
+        break;
+    case Command::Kind::Auto:
+        Finish();
+        break;
+    case Command::Kind::Undo:
+        Report(m_game.Undo(), "there is nothing to undo");
+        break;
+    case Command::Kind::Redo:
+        Report(m_game.Redo(), "there is nothing to redo");
+        break;
+    case Command::Kind::New:
+        m_game = Game(command.deal ? *command.deal : RandomDealNumber(), m_game.GameOptions());
+        TellChange();
+        break;
+    case Command::Kind::Restart:
+        m_game.Restart();
+        TellChange();
+        break;
+    case Command::Kind::Hint:
+        Hint();
+        break;
+    case Command::Kind::Describe:
+        m_out << Describe(m_game);
+        break;
+    case Command::Kind::Help:
+        m_out << CommandHelp();
+        break;
+    case Command::Kind::Quit:
+        return false;
     }
+    return true;
+}
 
-    void Finish()
-    {
-        bool changed = false;
-        for (auto move = FinishMove(m_game); move && !m_game.Apply(*move).empty(); move = FinishMove(m_game)) {
-            changed = true;
-        }
-        Report(changed, "not yet: stock and waste must be empty, and no card face down");
+void Conversation::Play(const Command& command)
+{
+    const std::optional<Move> move = ToMove(m_game, command);
+    Report(move && !m_game.Apply(*move).empty(),
+           command.kind == Command::Kind::Draw ? "there is nothing more to draw" : "the rules do not allow this move");
+}
+
+void Conversation::Finish()
+{
+    bool changed = false;
+    for (auto move = FinishMove(m_game); move && !m_game.Apply(*move).empty(); move = FinishMove(m_game)) {
+        changed = true;
     }
+    Report(changed, "not yet: stock and waste must be empty, and no card face down");
+}
 
-    void Hint() const
-    {
-        const std::vector<Move> hints = Hints(m_game);
-        m_out << (hints.empty() ? "no move brings the game on" : "try: " + CommandText(hints.front())) << "\n";
+void Conversation::Hint() const
+{
+    const std::vector<Move> hints = Hints(m_game);
+    m_out << (hints.empty() ? "no move brings the game on" : "try: " + CommandText(hints.front())) << "\n";
+}
+
+void Conversation::Report(bool changed, const char* otherwise) const
+{
+    if (changed) {
+        TellChange();
+    } else {
+        m_out << otherwise << "\n";
     }
+}
 
-    void Report(bool changed, const char* otherwise) const
-    {
-        if (!changed) {
-            m_out << otherwise << "\n";
-            return;
-        }
-        if (m_describe) {
-            m_out << Describe(m_game);
-        }
-        if (m_game.IsWon()) {
-            m_out << "the game is won, score " << m_game.Score() << "\n";
-        } else if (IsStuck(m_game)) {
-            m_out << "the game is stuck: no move brings it on; undo, restart or new\n";
-        }
+void Conversation::TellChange() const
+{
+    if (m_describe) {
+        m_out << Describe(m_game);
     }
+    if (m_game.IsWon()) {
+        m_out << "the game is won, score " << m_game.Score() << "\n";
+    } else if (IsStuck(m_game)) {
+        m_out << "the game is stuck: no move brings it on; undo, restart or new\n";
+    }
+}
 
-    std::ostream& m_out;
-    Game& m_game;
-    bool m_describe;
-};
-
-/// Reads a line, and keeps no more of it than a command may be long. False at the end of the input.
 bool ReadLine(std::istream& in, std::string& line)
 {
     line.clear();
@@ -138,14 +130,12 @@ bool ReadLine(std::istream& in, std::string& line)
     return !in.fail() || !line.empty();
 }
 
-} // namespace
-
 int RunText(std::istream& in, std::ostream& out, Game& game, bool describe)
 {
-    Session session(out, game, describe);
-    session.Begin();
+    Conversation conversation(out, game, describe);
+    conversation.Begin();
     std::string line;
-    while (out && ReadLine(in, line) && session.Answer(line)) {
+    while (out && ReadLine(in, line) && conversation.Answer(line)) {
         out.flush();
     }
     out.flush();

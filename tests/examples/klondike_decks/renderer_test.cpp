@@ -54,12 +54,14 @@ TEST(DeckRenderer, AnswersTheLatestRequest)
     std::uint64_t last = 0;
     constexpr int kRequests = 50;
     for (int i = 0; i < kRequests; ++i) {
-        last = renderer.Request(deck, 60 + i, 100);
+        last = renderer.Request(deck, {30 + i, 200});
     }
     EXPECT_EQ(last, static_cast<std::uint64_t>(kRequests));
     const std::vector<DeckRenderer::Result> results = answers.Until(last);
     EXPECT_LT(results.size(), static_cast<std::size_t>(kRequests) / 2) << "older requests are given up";
-    EXPECT_EQ(results.back().files.cardWidth, 60 + kRequests - 1);
+    EXPECT_EQ(results.back().files.cardWidth, 30 + kRequests - 1);
+    EXPECT_EQ(results.back().files.cardHeight, 111) << "a card of 100 x 140 in a room 79 pixels wide";
+    EXPECT_DOUBLE_EQ(results.back().aspect, 100.0 / 140.0);
     EXPECT_EQ(results.back().error, "");
     EXPECT_TRUE(std::filesystem::exists(results.back().files.sheet));
     EXPECT_EQ(results.back().deck.faces, deck.faces);
@@ -71,9 +73,9 @@ TEST(DeckRenderer, ReportsFailuresAndGoesOn)
     Write(folder / "grid.svg", GridDrawing());
     Answers answers;
     DeckRenderer renderer((folder / "cache").string(), [&](const auto& result) { answers.Add(result); });
-    const std::uint64_t bad = renderer.Request(DeckOf(Deck::Kind::SvgGrid, folder / "missing.svg"), 71, 96);
+    const std::uint64_t bad = renderer.Request(DeckOf(Deck::Kind::SvgGrid, folder / "missing.svg"), {71, 96});
     EXPECT_NE(answers.Until(bad).back().error.find("missing.svg"), std::string::npos);
-    const std::uint64_t good = renderer.Request(DeckOf(Deck::Kind::SvgGrid, folder / "grid.svg"), 71, 96);
+    const std::uint64_t good = renderer.Request(DeckOf(Deck::Kind::SvgGrid, folder / "grid.svg"), {71, 96});
     EXPECT_EQ(answers.Until(good).back().error, "");
 }
 
@@ -92,7 +94,7 @@ TEST(DeckRenderer, EndsPromptlyInTheMiddleOfADeck)
     const auto start = std::chrono::steady_clock::now();
     {
         DeckRenderer renderer((folder / "cache").string(), [&](const auto&) { isAnswered = true; });
-        renderer.Request(DeckOf(Deck::Kind::SvgElements, folder / "slow.svg"), 400, 560);
+        renderer.Request(DeckOf(Deck::Kind::SvgElements, folder / "slow.svg"), {400, 560});
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
