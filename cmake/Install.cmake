@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Installs the two libraries with their headers, and what find_package(cardtable) needs.
+# Installs the libraries with their headers, and what find_package(cardtable) needs.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -16,8 +16,12 @@ install(EXPORT cardtable NAMESPACE cardtable:: FILE cardtableConfig.cmake DESTIN
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/cardtableConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/cardtableConfigVersion.cmake" DESTINATION "${package_folder}")
 
+# The kit is static: what a game uses of it becomes a part of the game.
+target_include_directories(cardkit PUBLIC $<INSTALL_INTERFACE:${header_root}>)
+install(TARGETS cardkit EXPORT cardtable)
+
 # What the umbrella header reaches, the host's declarations, and the two headers of its start-up.
-foreach(folder host geometry animation scene cardtable)
+foreach(folder host geometry animation scene cardtable kit)
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/${folder}" DESTINATION "${header_root}" FILES_MATCHING PATTERN "*.h")
 endforeach()
 install(FILES "${PROJECT_SOURCE_DIR}/orvane/orvane.h" "${PROJECT_SOURCE_DIR}/orvane/png_file.h"

@@ -2,6 +2,7 @@
 #include "cardtable/cardtable.h"
 #include "host/bitmap.h"
 #include "host/window.h"
+#include "kit/table.h"
 #include "orvane/orvane.h"
 #include "orvane/png_file.h"
 
@@ -15,5 +16,7 @@ int main()
     dialog.Show();
     table.Handler();
     host.Compose();
+    cardkit::Table kitTable(64, 48, 1, {});
+    kitTable.Frame();
     return table.GetPocket(1) != nullptr && host.Screen().Width() == 64 ? 0 : 1;
 }

@@ -12,9 +12,9 @@ namespace klondike
 namespace
 {
 
-constexpr Rgba kCursorColour{255, 255, 255, 255};
+constexpr Rgba kCursorColour{50, 130, 255, 255};
 constexpr Rgba kSelectionColour{255, 205, 92, 255};
-constexpr Rgba kHintFromColour{120, 220, 255, 255};
+constexpr Rgba kHintFromColour{196, 130, 255, 255};
 constexpr Rgba kHintToColour{150, 255, 150, 255};
 
 /// Frames between two moves of a row that goes by itself.

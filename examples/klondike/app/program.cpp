@@ -84,12 +84,15 @@ bool Program::AwaitsInput() const
 
 bool Program::Frame()
 {
-    TakeCommands();
     TakeDeck();
+    TakeCommands();
     m_celebration.Frame();
     const bool movesByItself = m_player.Frame();
     FollowWin();
-    return m_view.Cards().Frame() || movesByItself || m_celebration.IsRunning();
+    const bool cardsMove = m_view.Cards().Frame();
+    // What waits for the cards to lie still is looked at once more when they do.
+    const bool waits = HasCommands() || (m_newDeck && !m_player.IsPressed());
+    return cardsMove || movesByItself || waits || m_celebration.IsRunning();
 }
 
 void Program::Woken()
