@@ -14,7 +14,7 @@ constexpr double kUsualAspect = 5.0 / 7.0;
 
 } // namespace
 
-DeckSupply::DeckSupply(DeckPlaces places, std::function<void()> wake)
+DeckSupply::DeckSupply(const DeckPlaces& places, std::function<void()> wake)
     : m_wake(std::move(wake)), m_decks(FindDecks(places.assets, {}).decks), m_aspect(kUsualAspect),
       m_renderer(places.cache,
                  [this](const DeckRenderer::Result& result) {

@@ -29,7 +29,7 @@ class DeckSupply
 {
 public:
     /// Starts looking for decks. The function is called on another thread whenever there is something to take.
-    DeckSupply(DeckPlaces places, std::function<void()> wake);
+    DeckSupply(const DeckPlaces& places, std::function<void()> wake);
     DeckSupply(const DeckSupply&) = delete;
     DeckSupply& operator=(const DeckSupply&) = delete;
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "examples/klondike/app/menus.h"
 
+#include "examples/klondike/rules/value_text.h"
+
 #include <cstdlib>
 #include <optional>
 #include <utility>
@@ -57,19 +59,6 @@ const char* SpeedText(int speed)
     }
 }
 
-const char* NameOf(Scoring scoring)
-{
-    switch (scoring) {
-    case Scoring::None:
-        return "none";
-    case Scoring::Standard:
-        return "standard";
-    case Scoring::Vegas:
-        break;
-    }
-    return "Vegas";
-}
-
 Scoring Next(Scoring scoring)
 {
     return scoring == Scoring::None ? Scoring::Standard : scoring == Scoring::Standard ? Scoring::Vegas : Scoring::None;
@@ -118,7 +107,7 @@ std::vector<PopupLine> MainMenu(const Settings& settings, const Game& game, cons
              change([](Settings& s) { s.game.drawThree = !s.game.drawThree; })),
         Item("Waste turned over", settings.game.redeals ? std::to_string(*settings.game.redeals) + " times" : "always",
              change([](Settings& s) { s.game.redeals = NextRedeals(s.game.redeals); })),
-        Item("Score", NameOf(settings.game.scoring),
+        Item("Score", ScoringText(settings.game.scoring),
              change([](Settings& s) { s.game.scoring = Next(s.game.scoring); })),
     };
 }

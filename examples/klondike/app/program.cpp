@@ -47,7 +47,7 @@ Program::Program(orvane::Host& host, orvane::Window& window, Setup setup, orvane
       m_toolBar(m_painter), m_popup(m_painter), m_message(std::move(setup.message)),
       m_keeper(std::move(setup.saveFile), std::move(setup.settingsFile)),
       m_chooseDeal(setup.chooseDeal ? std::move(setup.chooseDeal) : &RandomDealNumber),
-      m_loop(host, window, *this, std::move(clock)), m_decks(std::move(setup.decks), [this] { m_loop.Wake(); }),
+      m_loop(host, window, *this, std::move(clock)), m_decks(setup.decks, [this] { m_loop.Wake(); }),
       m_answers(setup.answers)
 {
     if (m_message.empty()) {

@@ -13,7 +13,6 @@ namespace
 {
 
 using cardkit::Facing;
-using cardkit::Flight;
 using cardkit::FlightStyle;
 
 constexpr int kMoveFrames = 22;
