@@ -32,7 +32,8 @@ void RequireAllowedImageSize(std::int64_t width, std::int64_t height);
 /// tells the formats that the contents do not tell. Throws ImageError, and std::bad_alloc.
 void DecodeImage(std::span<const std::uint8_t> file, const std::string& extension, Bitmap& bitmap);
 
-/// Writes rows of straight-alpha 0xAARRGGBB pixels without gaps as a PNG file. Throws ImageError, and std::bad_alloc.
-void EncodePng(std::span<const std::uint32_t> pixels, int width, int height, const std::string& file);
+/// Writes rows of pixels without gaps as a PNG file: the bytes R, G, B of each with 3 channels, R, G, B, A with
+/// straight alpha with 4. Throws ImageError, and std::bad_alloc.
+void EncodePng(std::span<const std::uint8_t> bytes, int channels, int width, int height, const std::string& file);
 
 } // namespace orvane

@@ -31,8 +31,13 @@ std::string Format(const char* format, std::va_list arguments)
 }
 
 /// To the observer, then to the sink; what they throw goes on to who logs. Neither changes the text.
-void Write(const char* channel, orvane::LogLevel level, const char* text)
+void Write(const char* channel, orvane::LogLevel level, const char* format, std::va_list arguments)
 {
+    if (format == nullptr) {
+        return;
+    }
+    const std::string line = Format(format, arguments);
+    const char* const text = line.c_str();
     const orvane::RunningHost* host = orvane::Running();
     if (host != nullptr && host->observer != nullptr) {
         host->observer->LogWritten(channel, level, text);
@@ -52,24 +57,16 @@ Log::~Log() = default;
 
 void Log::Error(const char* format, ...) const
 {
-    if (format == nullptr) {
-        return;
-    }
     std::va_list arguments;
     va_start(arguments, format);
-    const std::string text = Format(format, arguments);
+    Write(m_name.c_str(), orvane::LogLevel::Error, format, arguments);
     va_end(arguments);
-    Write(m_name.c_str(), orvane::LogLevel::Error, text.c_str());
 }
 
 void Log::Info(const char* format, ...) const
 {
-    if (format == nullptr) {
-        return;
-    }
     std::va_list arguments;
     va_start(arguments, format);
-    const std::string text = Format(format, arguments);
+    Write(m_name.c_str(), orvane::LogLevel::Info, format, arguments);
     va_end(arguments);
-    Write(m_name.c_str(), orvane::LogLevel::Info, text.c_str());
 }

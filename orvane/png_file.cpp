@@ -7,7 +7,9 @@
 #include "orvane/pixel.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace orvane
@@ -17,19 +19,31 @@ namespace
 {
 
 /// A premultiplied channel as a straight one, rounded to nearest. A colour above its alpha counts as full.
-std::uint32_t Straight(std::uint32_t channel, std::uint32_t alpha)
+std::uint8_t Straight(std::uint32_t channel, std::uint32_t alpha)
 {
-    return std::min((channel * 255U + alpha / 2U) / alpha, 255U);
+    return static_cast<std::uint8_t>(std::min((channel * 255U + alpha / 2U) / alpha, 255U));
 }
 
-std::uint32_t StraightPixel(std::uint32_t pixel)
+bool IsOpaque(std::uint32_t pixel)
 {
-    const std::uint32_t alpha = pixel >> 24;
-    if (alpha == 0U) {
-        return 0U;
+    return pixel >> 24 == 255U;
+}
+
+/// R, G, B and, with 4 channels, A of each pixel; with straight alpha.
+std::vector<std::uint8_t> StraightBytes(std::span<const std::uint32_t> pixels, int channels)
+{
+    std::vector<std::uint8_t> bytes;
+    bytes.reserve(pixels.size() * static_cast<std::size_t>(channels));
+    for (const std::uint32_t pixel : pixels) {
+        const std::uint32_t alpha = pixel >> 24;
+        for (const int shift : {16, 8, 0}) {
+            bytes.push_back(alpha == 0U ? std::uint8_t{0} : Straight((pixel >> shift) & 255U, alpha));
+        }
+        if (channels == 4) {
+            bytes.push_back(static_cast<std::uint8_t>(alpha));
+        }
     }
-    return (alpha << 24) | (Straight((pixel >> 16) & 255U, alpha) << 16) | (Straight((pixel >> 8) & 255U, alpha) << 8) |
-           Straight(pixel & 255U, alpha);
+    return bytes;
 }
 
 } // namespace
@@ -42,10 +56,11 @@ bool SavePng(const Bitmap& bitmap, const std::string& file)
         if (source == nullptr) {
             throw ImageError("there is no picture");
         }
-        std::vector<std::uint32_t> straight(static_cast<std::size_t>(bitmap.Width()) *
-                                            static_cast<std::size_t>(bitmap.Height()));
-        std::transform(source, source + straight.size(), straight.begin(), StraightPixel);
-        EncodePng(straight, bitmap.Width(), bitmap.Height(), file);
+        const std::span pixels(source,
+                               static_cast<std::size_t>(bitmap.Width()) * static_cast<std::size_t>(bitmap.Height()));
+        // Without alpha the file is smaller.
+        const int channels = std::all_of(pixels.begin(), pixels.end(), &IsOpaque) ? 3 : 4;
+        EncodePng(StraightBytes(pixels, channels), channels, bitmap.Width(), bitmap.Height(), file);
         return true;
     } catch (const ImageError& error) {
         log.Error("cannot write %s: %s", file.c_str(), error.what());

@@ -2,6 +2,8 @@
 #include "examples/deal/contact_sheet.h"
 
 #include "examples/deal/number_label.h"
+#include "examples/deal/shrink.h"
+#include "host/render.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +18,12 @@ namespace
 
 constexpr int kCellWidth = 480; // at most, pixels
 constexpr int kGap = 6;
-constexpr std::uint32_t kGapColour = 0xFF101814U;
+constexpr Rgba kGapColour{16, 24, 20, 255};
+
+void Paste(const Bitmap& source, Bitmap& target, int left, int top)
+{
+    Render::Instance().Copy(&source, &target, left, top, 0, 0, source.Width(), source.Height());
+}
 
 } // namespace
 
@@ -43,20 +50,21 @@ void ContactSheet::Add(int frameNumber, const Bitmap& screen)
     }
 }
 
-Picture ContactSheet::Compose() const
+OwnedBitmap ContactSheet::Compose() const
 {
     const int count = std::min(kColumns * kRows, static_cast<int>(m_moments.size()));
     const int rows = (count + kColumns - 1) / kColumns;
-    Picture sheet =
-        MakePicture(kColumns * (m_cellWidth + kGap) + kGap, rows * (m_cellHeight + kGap) + kGap, kGapColour);
+    OwnedBitmap sheet(
+        BitmapManager::Instance().Create(kColumns * (m_cellWidth + kGap) + kGap, rows * (m_cellHeight + kGap) + kGap));
+    sheet->FillRect({0, 0, sheet->Width(), sheet->Height()}, kGapColour);
     for (int i = 0; i < count; ++i) {
         const double spread = count > 1 ? static_cast<double>(m_moments.size() - 1) / (count - 1) : 0.0;
         const Moment& moment = m_moments[static_cast<std::size_t>(std::lround(i * spread))];
         const int left = kGap + i % kColumns * (m_cellWidth + kGap);
         const int top = kGap + i / kColumns * (m_cellHeight + kGap);
-        Paste(moment.picture, sheet, left, top);
-        const Picture label = NumberLabel(moment.frameNumber);
-        Paste(label, sheet, left, top + m_cellHeight - label.height);
+        Paste(*moment.picture, *sheet, left, top);
+        const OwnedBitmap label = NumberLabel(moment.frameNumber);
+        Paste(*label, *sheet, left, top + m_cellHeight - label->Height());
     }
     return sheet;
 }

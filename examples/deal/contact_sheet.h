@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "examples/deal/picture.h"
+#include "host/owned_bitmap.h"
 
 #include <vector>
-
-class Bitmap;
 
 namespace deal
 {
@@ -20,7 +18,7 @@ public:
 
     /// Offers the next frame. Shrinks it only when it is kept; few are.
     void Add(int frameNumber, const Bitmap& screen);
-    Picture Compose() const;
+    OwnedBitmap Compose() const;
 
 private:
     static constexpr int kColumns = 4;
@@ -28,7 +26,7 @@ private:
 
     struct Moment {
         int frameNumber;
-        Picture picture;
+        OwnedBitmap picture;
     };
 
     int m_factor;

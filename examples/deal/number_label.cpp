@@ -15,8 +15,8 @@ constexpr int kDigitWidth = 3;
 constexpr int kDigitHeight = 5;
 constexpr int kDot = 2; // pixels
 constexpr int kMargin = 5;
-constexpr std::uint32_t kPlate = 0xFF101814U;
-constexpr std::uint32_t kInk = 0xFFE8E4D0U;
+constexpr Rgba kPlate{16, 24, 20, 255};
+constexpr Rgba kInk{232, 228, 208, 255};
 
 constexpr std::array<std::string_view, 10> kDigits{
     "####.##.##.####", // 0
@@ -31,12 +31,12 @@ constexpr std::array<std::string_view, 10> kDigits{
     "####.####..####", // 9
 };
 
-void DrawDigit(Picture& label, std::string_view dots, int left)
+void DrawDigit(Bitmap& label, std::string_view dots, int left)
 {
-    for (int y = 0; y < kDigitHeight * kDot; ++y) {
-        for (int x = 0; x < kDigitWidth * kDot; ++x) {
-            if (dots[static_cast<std::size_t>(y / kDot * kDigitWidth + x / kDot)] == '#') {
-                label.At(left + x, kMargin + y) = kInk;
+    for (int y = 0; y < kDigitHeight; ++y) {
+        for (int x = 0; x < kDigitWidth; ++x) {
+            if (dots[static_cast<std::size_t>(y * kDigitWidth + x)] == '#') {
+                label.FillRect({left + x * kDot, kMargin + y * kDot, kDot, kDot}, kInk);
             }
         }
     }
@@ -44,15 +44,16 @@ void DrawDigit(Picture& label, std::string_view dots, int left)
 
 } // namespace
 
-Picture NumberLabel(int number)
+OwnedBitmap NumberLabel(int number)
 {
     constexpr int kAdvance = (kDigitWidth + 1) * kDot;
     const std::string text = std::to_string(number);
-    Picture label = MakePicture(static_cast<int>(text.size()) * kAdvance - kDot + 2 * kMargin,
-                                kDigitHeight * kDot + 2 * kMargin, kPlate);
+    OwnedBitmap label(BitmapManager::Instance().Create(static_cast<int>(text.size()) * kAdvance - kDot + 2 * kMargin,
+                                                       kDigitHeight * kDot + 2 * kMargin));
+    label->FillRect({0, 0, label->Width(), label->Height()}, kPlate);
     int left = kMargin;
     for (const char digit : text) {
-        DrawDigit(label, kDigits[static_cast<std::size_t>(digit - '0')], left);
+        DrawDigit(*label, kDigits[static_cast<std::size_t>(digit - '0')], left);
         left += kAdvance;
     }
     return label;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "examples/deal/picture.h"
+#include "host/owned_bitmap.h"
 
 namespace deal
 {
 
 /// A number of 0 or more in light digits on a dark plate.
-Picture NumberLabel(int number);
+OwnedBitmap NumberLabel(int number);
 
 } // namespace deal

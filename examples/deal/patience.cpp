@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "examples/deal/patience.h"
 
-#include "examples/deal/felt.h"
+#include "examples/deal/table_picture.h"
 
 namespace deal
 {
@@ -11,7 +11,7 @@ Patience::Patience(HeadlessTable& table, DeckFiles files, const std::vector<long
     CheckDeck(files, table.LastError());
     m_layout = std::make_unique<TableLayout>(table.Width(), table.Height(), files.cellWidth, files.cellHeight);
     cardkit::Table& cards = table.Table();
-    cards.SetPicture(MakeFelt(table.Width(), table.Height(), m_layout->Slots()));
+    cards.SetPicture(MakeTablePicture(table.Width(), table.Height(), m_layout->Slots()));
     cards.Resize(table.Width(), table.Height(), m_layout->Card(), m_layout->Piles());
     cards.UseSheet({files.sheet, files.back, files.cellWidth, files.cellHeight});
 

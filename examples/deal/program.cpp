@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "examples/deal/program.h"
 
+#include "examples/common/shuffle.h"
 #include "examples/deal/deal_script.h"
 #include "examples/deal/failure.h"
 #include "examples/deal/frame_statistics.h"
 #include "examples/deal/options.h"
 #include "examples/deal/recorder.h"
-#include "examples/deal/shuffle.h"
 
 #include <cmath>
 #include <exception>
@@ -48,7 +48,7 @@ void Deal(const Options& options, std::ostream& out)
 {
     MakeFolder(options.outputFolder);
     HeadlessTable table(options.width, options.height, Patience::kPiles, GridOf(options.deck));
-    Patience patience(table, options.deck, ShuffledDeck(DeckFiles::kCards, options.seed));
+    Patience patience(table, options.deck, common::ShuffledDeck(DeckFiles::kCards, options.seed));
     Recorder recorder(table);
     FrameStatistics moving;
     int frames = 0;

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "examples/deal/recorder.h"
 
+#include "examples/deal/failure.h"
 #include "examples/deal/frame_clock.h"
-#include "examples/deal/picture.h"
+#include "examples/deal/shrink.h"
+#include "orvane/png_file.h"
 
 #include <cstdint>
 
@@ -32,7 +34,7 @@ void Recorder::Add(const FrameReport& report)
 {
     const Bitmap& screen = m_table.Host().Screen();
     if (m_frames % kFramesAPicture == 0) {
-        m_animation.Add(Shrunk(screen, m_factor), Milliseconds(m_frames));
+        m_animation.Add(*Shrunk(screen, m_factor), Milliseconds(m_frames));
     }
     ++m_frames;
     if (report.cardsInAir > 0) {
@@ -43,11 +45,18 @@ void Recorder::Add(const FrameReport& report)
 void Recorder::Save(const std::string& folder)
 {
     constexpr int kLastPictureFrames = 120;
-    const Picture end = Shrunk(m_table.Host().Screen(), 1);
-    m_animation.Add(Shrunk(m_table.Host().Screen(), m_factor), Milliseconds(m_frames));
+    const Bitmap& screen = m_table.Host().Screen();
+    m_animation.Add(*Shrunk(screen, m_factor), Milliseconds(m_frames));
     m_animation.Save(folder + "/deal.webp", Milliseconds(m_frames + kLastPictureFrames));
-    SavePng(m_sheet.Compose(), folder + "/film.png");
-    SavePng(end, folder + "/table.png");
+    SavePicture(*m_sheet.Compose(), folder + "/film.png");
+    SavePicture(screen, folder + "/table.png");
+}
+
+void Recorder::SavePicture(const Bitmap& picture, const std::string& file) const
+{
+    if (!orvane::SavePng(picture, file)) {
+        throw Failure(m_table.LastError());
+    }
 }
 
 } // namespace deal

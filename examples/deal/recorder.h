@@ -23,6 +23,8 @@ public:
     void Save(const std::string& folder);
 
 private:
+    void SavePicture(const Bitmap& picture, const std::string& file) const;
+
     HeadlessTable& m_table;
     int m_factor;
     WebpAnimation m_animation;

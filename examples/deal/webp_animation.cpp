@@ -2,7 +2,7 @@
 #include "examples/deal/webp_animation.h"
 
 #include "examples/deal/failure.h"
-#include "examples/deal/picture.h"
+#include "orvane/pixel.h"
 
 #include <webp/encode.h>
 #include <webp/mux.h>
@@ -64,7 +64,7 @@ WebpAnimation::WebpAnimation(int width, int height)
 
 WebpAnimation::~WebpAnimation() = default;
 
-void WebpAnimation::Add(const Picture& picture, int time)
+void WebpAnimation::Add(const Bitmap& picture, int time)
 {
     constexpr float kQuality = 68.0F;
     constexpr int kEffort = 2; // of 6: the pictures are many
@@ -74,15 +74,15 @@ void WebpAnimation::Add(const Picture& picture, int time)
     }
     config.method = kEffort;
     EncoderPicture frame;
-    frame.Get()->width = picture.width;
-    frame.Get()->height = picture.height;
+    frame.Get()->width = picture.Width();
+    frame.Get()->height = picture.Height();
     frame.Get()->use_argb = 1;
     if (WebPPictureAlloc(frame.Get()) == 0) {
         Fail("no memory");
     }
-    for (int y = 0; y < picture.height; ++y) {
-        const auto row = picture.pixels.begin() + std::ptrdiff_t{y} * picture.width;
-        std::copy(row, row + picture.width, frame.Get()->argb + std::ptrdiff_t{y} * frame.Get()->argb_stride);
+    for (int y = 0; y < picture.Height(); ++y) {
+        const std::uint32_t* const row = orvane::Pixels(picture) + std::ptrdiff_t{y} * picture.Width();
+        std::copy(row, row + picture.Width(), frame.Get()->argb + std::ptrdiff_t{y} * frame.Get()->argb_stride);
     }
     if (WebPAnimEncoderAdd(m_encoder.get(), frame.Get(), time, &config) == 0) {
         Fail(WebPAnimEncoderGetError(m_encoder.get()));

@@ -4,12 +4,11 @@
 #include <memory>
 #include <string>
 
+class Bitmap;
 struct WebPAnimEncoder;
 
 namespace deal
 {
-
-struct Picture;
 
 /// Collects pictures of one size into an animated WebP that plays for ever.
 class WebpAnimation
@@ -20,8 +19,8 @@ public:
     WebpAnimation(const WebpAnimation&) = delete;
     WebpAnimation& operator=(const WebpAnimation&) = delete;
 
-    /// Shows a picture from that time on, milliseconds since the start, rising. Throws Failure.
-    void Add(const Picture& picture, int time);
+    /// Shows an opaque picture from that time on, milliseconds since the start, rising. Throws Failure.
+    void Add(const Bitmap& picture, int time);
     /// Writes the file; the last picture is shown until the end time. Throws Failure.
     void Save(const std::string& file, int endTime);
 

@@ -7,7 +7,6 @@
 #include <SDL.h>
 #include <SDL_image.h>
 
-#include <algorithm>
 #include <memory>
 
 namespace orvane
@@ -48,18 +47,15 @@ void DecodeImage(std::span<const std::uint8_t> file, const std::string& extensio
     }
 }
 
-void EncodePng(std::span<const std::uint32_t> pixels, int width, int height, const std::string& file)
+void EncodePng(std::span<const std::uint8_t> bytes, int channels, int width, int height, const std::string& file)
 {
     SDL_ClearError();
-    const Surface surface(SDL_CreateRGBSurfaceWithFormat(0, width, height, 32, SDL_PIXELFORMAT_ARGB8888));
+    // The surface reads the bytes and does not keep them.
+    const Surface surface(SDL_CreateRGBSurfaceWithFormatFrom(
+        const_cast<std::uint8_t*>(bytes.data()), width, height, channels * 8, width * channels,
+        channels == 3 ? SDL_PIXELFORMAT_RGB24 : SDL_PIXELFORMAT_RGBA32));
     if (surface == nullptr) {
         ThrowLibraryError("its pixels cannot be kept");
-    }
-    for (int y = 0; y < height; ++y) {
-        const auto source = pixels.subspan(static_cast<std::size_t>(y) * static_cast<std::size_t>(width),
-                                           static_cast<std::size_t>(width));
-        auto* const row = static_cast<std::uint8_t*>(surface->pixels) + static_cast<std::ptrdiff_t>(y) * surface->pitch;
-        std::copy(source.begin(), source.end(), reinterpret_cast<std::uint32_t*>(row));
     }
     if (IMG_SavePNG(surface.get(), file.c_str()) != 0) {
         ThrowLibraryError("its file cannot be written");

@@ -74,17 +74,10 @@ void DecodeImage(std::span<const std::uint8_t> file, const std::string& extensio
     }
 }
 
-void EncodePng(std::span<const std::uint32_t> pixels, int width, int height, const std::string& file)
+void EncodePng(std::span<const std::uint8_t> bytes, int channels, int width, int height, const std::string& file)
 {
-    std::vector<std::uint8_t> rgba;
-    rgba.reserve(pixels.size() * 4);
-    for (const std::uint32_t pixel : pixels) {
-        for (const int shift : {16, 8, 0, 24}) {
-            rgba.push_back(static_cast<std::uint8_t>(pixel >> shift));
-        }
-    }
     std::vector<char> encoded;
-    if (stbi_write_png_to_func(&Append, &encoded, width, height, 4, rgba.data(), width * 4) == 0) {
+    if (stbi_write_png_to_func(&Append, &encoded, width, height, channels, bytes.data(), width * channels) == 0) {
         throw ImageError("its pixels cannot be encoded");
     }
     std::ofstream stream(std::filesystem::path(std::u8string(file.begin(), file.end())), std::ios::binary);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "examples/common/shuffle.h"
 #include "examples/deal/deal_script.h"
-#include "examples/deal/shuffle.h"
 #include "tests/examples/test_deck.h"
 #include "tests/examples/watching_renderer.h"
 
@@ -25,7 +25,7 @@ constexpr int kHeight = 270;
 /// A table of its own with a whole deck in the stock.
 struct Game {
     explicit Game(std::uint64_t seed, double speed = 1.0)
-        : patience(table, deck.Files(), deal::ShuffledDeck(deal::DeckFiles::kCards, seed)), script(patience, speed)
+        : patience(table, deck.Files(), common::ShuffledDeck(deal::DeckFiles::kCards, seed)), script(patience, speed)
     {
     }
 
@@ -137,7 +137,7 @@ TEST(Deal, EndsInTheSameStateAtEverySpeedAndInAnotherForAnotherSeed)
 TEST(Deal, LaysOutAPatience)
 {
     Game game(5, 10.0);
-    const std::vector<long> order = deal::ShuffledDeck(deal::DeckFiles::kCards, 5);
+    const std::vector<long> order = common::ShuffledDeck(deal::DeckFiles::kCards, 5);
     game.script.DealColumns();
     std::size_t next = order.size();
     for (int round = 0; round < deal::TableLayout::kColumns; ++round) {
@@ -227,7 +227,7 @@ TEST(Deal, RestingCardsStandOnWholePixelsInTheirSize)
     const TestDeck deck;
     for (const auto& [width, height] : {std::pair{480, 270}, std::pair{801, 599}, std::pair{1280, 720}}) {
         deal::HeadlessTable table(width, height, deal::Patience::kPiles, deal::GridOf(deck.Files()));
-        deal::Patience patience(table, deck.Files(), deal::ShuffledDeck(deal::DeckFiles::kCards, 1));
+        deal::Patience patience(table, deck.Files(), common::ShuffledDeck(deal::DeckFiles::kCards, 1));
         deal::DealScript(patience, 10.0).DealColumns();
         const std::vector<render::Rectangle<int>> slots = patience.Layout().Slots();
         for (int column = 0; column < deal::TableLayout::kColumns; ++column) {

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/examples/test_deck.h"
 
-#include "examples/deal/picture.h"
+#include "host/owned_bitmap.h"
+#include "orvane/png_file.h"
+
+#include <gtest/gtest.h>
 
 #include <atomic>
 #include <cstdint>
@@ -13,6 +16,14 @@ namespace
 
 constexpr int kColumns = 13;
 constexpr int kRows = 4;
+constexpr int kEdge = 3; // pixels of white left of and above each card
+
+Rgba ColourOf(int card)
+{
+    const int mixed = card * 0x04A187;
+    return {static_cast<std::uint8_t>(mixed >> 16), static_cast<std::uint8_t>(mixed >> 8),
+            static_cast<std::uint8_t>(mixed), 255};
+}
 
 } // namespace
 
@@ -24,17 +35,17 @@ TestDeck::TestDeck()
                ("deal_test_" + std::to_string(random()) + "_" + std::to_string(number++));
     std::filesystem::create_directories(m_folder);
 
-    deal::Picture sheet = deal::MakePicture(kColumns * kCellWidth, kRows * kCellHeight, 0xFFFFFFFFU);
-    for (int y = 0; y < sheet.height; ++y) {
-        for (int x = 0; x < sheet.width; ++x) {
-            const auto card = static_cast<std::uint32_t>(y / kCellHeight * kColumns + x / kCellWidth);
-            if (x % kCellWidth > 2 && y % kCellHeight > 2) {
-                sheet.At(x, y) = 0xFF000000U | card * 0x04A187U;
-            }
-        }
+    const OwnedBitmap sheet(BitmapManager::Instance().Create(kColumns * kCellWidth, kRows * kCellHeight));
+    sheet->FillRect({0, 0, sheet->Width(), sheet->Height()}, {255, 255, 255, 255});
+    for (int card = 0; card < kColumns * kRows; ++card) {
+        const int left = card % kColumns * kCellWidth;
+        const int top = card / kColumns * kCellHeight;
+        sheet->FillRect({left + kEdge, top + kEdge, kCellWidth - kEdge, kCellHeight - kEdge}, ColourOf(card));
     }
-    deal::SavePng(sheet, Path("sheet.png"));
-    deal::SavePng(deal::MakePicture(kCellWidth, kCellHeight, 0xFF2050A0U), Path("back.png"));
+    EXPECT_TRUE(orvane::SavePng(*sheet, Path("sheet.png")));
+    const OwnedBitmap back(BitmapManager::Instance().Create(kCellWidth, kCellHeight));
+    back->FillRect({0, 0, kCellWidth, kCellHeight}, {32, 80, 160, 255});
+    EXPECT_TRUE(orvane::SavePng(*back, Path("back.png")));
 }
 
 TestDeck::~TestDeck()

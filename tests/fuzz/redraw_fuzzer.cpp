@@ -383,8 +383,9 @@ void Game::PaintFelt()
         m_felt.Invalidate();
     } else {
         m_smallPicture->FillRect({area.x % 20, area.y % 16, 5, 5}, {shade, 10, 60, shade});
-        Render::Instance().InvalidateArea(
-            {static_cast<int>(m_window.X()) + 1, static_cast<int>(m_window.Y()) + 1, 20, 16});
+        // A window may stand at the end of all numbers.
+        const auto inside = [](long edge) { return static_cast<int>(std::min(edge, 2147483646L) + 1); };
+        Render::Instance().InvalidateArea({inside(m_window.X()), inside(m_window.Y()), 20, 16});
     }
 }
 

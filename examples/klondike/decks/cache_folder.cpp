@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "examples/klondike/decks/cache_folder.h"
 
+#include "examples/common/unfinished_file.h"
 #include "examples/klondike/decks/deck_cache.h"
-#include "examples/klondike/decks/png_writer.h"
 
 #include <algorithm>
 #include <array>
@@ -74,10 +74,9 @@ bool IsOurs(const fs::path& file)
 {
     const std::string name = file.filename().string();
     const std::string_view key = std::string_view(name).substr(0, kPrefix.size() + kKeyDigits);
-    const fs::path extension = file.extension();
     return key.size() < name.size() && name[key.size()] == '-' && key.starts_with(kPrefix) &&
            key.find_first_not_of("0123456789abcdef", kPrefix.size()) == std::string_view::npos &&
-           (extension == ".png" || extension == PngWriter::kUnfinished);
+           (file.extension() == ".png" || common::IsUnfinished(file));
 }
 
 std::vector<Entry> EntriesOf(const fs::path& folder)
@@ -92,11 +91,6 @@ std::vector<Entry> EntriesOf(const fs::path& folder)
         }
     }
     return entries;
-}
-
-bool IsUnfinished(const Entry& entry)
-{
-    return entry.path.extension() == PngWriter::kUnfinished;
 }
 
 } // namespace
@@ -119,7 +113,6 @@ void MarkUsed(const CacheFolderFiles& files)
 
 void TrimCache(const CacheFolderFiles& files)
 {
-    constexpr std::chrono::hours kDead{1}; // no picture takes so long to write
     std::vector<Entry> entries = EntriesOf(files.sheet.parent_path());
     std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) { return a.time < b.time; });
     std::uintmax_t total = 0;
@@ -129,7 +122,8 @@ void TrimCache(const CacheFolderFiles& files)
     const auto now = fs::file_time_type::clock::now();
     for (const Entry& entry : entries) {
         const bool isKept = entry.path == files.sheet || entry.path == files.back;
-        const bool goes = IsUnfinished(entry) ? now - entry.time > kDead : !isKept && total > kCacheLimit;
+        const bool goes = common::IsUnfinished(entry.path) ? now - entry.time > common::kLongestWriting
+                                                           : !isKept && total > kCacheLimit;
         std::error_code ignored;
         if (goes && fs::remove(entry.path, ignored)) {
             total -= entry.length;

@@ -8,6 +8,7 @@
 #include "examples/klondike/decks/png_writer.h"
 
 #include <filesystem>
+#include <system_error>
 
 namespace klondike
 {
@@ -97,11 +98,17 @@ DeckFiles Rendered(const Deck& deck, int cardWidth, int cardHeight, const std::s
     const CairoSurface sheet = DrawSheet(*painter, deck, {cardWidth, cardHeight}, stop);
     std::error_code error;
     fs::create_directories(folder, error);
-    PngWriter backFile(back.get(), names.back);
-    PngWriter sheetFile(sheet.get(), names.sheet);
-    ThrowIfStopped(stop);
-    backFile.Publish();
-    sheetFile.Publish();
+    try {
+        common::UnfinishedFile backFile(names.back);
+        common::UnfinishedFile sheetFile(names.sheet);
+        WritePng(back.get(), backFile);
+        WritePng(sheet.get(), sheetFile);
+        ThrowIfStopped(stop);
+        backFile.Publish();
+        sheetFile.Publish();
+    } catch (const std::system_error& failure) {
+        throw DeckError("cannot write to '" + folder + "': " + failure.code().message());
+    }
     TrimCache(names);
     return files;
 }

@@ -3,8 +3,7 @@
 
 #include "examples/klondike/decks/deck_error.h"
 
-#include <fstream>
-#include <random>
+#include <exception>
 #include <string>
 
 namespace klondike
@@ -13,52 +12,34 @@ namespace klondike
 namespace
 {
 
-cairo_status_t WriteTo(void* stream, const unsigned char* bytes, unsigned int length)
-{
-    auto& out = *static_cast<std::ofstream*>(stream);
-    out.write(reinterpret_cast<const char*>(bytes), static_cast<std::streamsize>(length));
-    return out ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
-}
+struct Stream {
+    common::UnfinishedFile& file;
+    std::exception_ptr failure; ///< cannot pass through the drawing library, which is not C++
+};
 
-/// Another one in each program and thread that writes the same file.
-std::filesystem::path UnfinishedName(std::filesystem::path file)
+cairo_status_t WriteTo(void* context, const unsigned char* bytes, unsigned int length) noexcept
 {
-    std::random_device random;
-    file += "." + std::to_string(random()) + PngWriter::kUnfinished;
-    return file;
+    Stream& stream = *static_cast<Stream*>(context);
+    try {
+        stream.file.Write({reinterpret_cast<const char*>(bytes), length});
+        return CAIRO_STATUS_SUCCESS;
+    } catch (...) {
+        stream.failure = std::current_exception();
+        return CAIRO_STATUS_WRITE_ERROR;
+    }
 }
 
 } // namespace
 
-PngWriter::PngWriter(cairo_surface_t* picture, const std::filesystem::path& file)
-    : m_file(file), m_unfinished(UnfinishedName(file))
+void WritePng(cairo_surface_t* picture, common::UnfinishedFile& file)
 {
-    std::ofstream out(m_unfinished, std::ios::binary);
-    cairo_status_t status = cairo_surface_status(picture);
-    if (status == CAIRO_STATUS_SUCCESS) {
-        status = cairo_surface_write_to_png_stream(picture, WriteTo, &out);
+    Stream stream{file, nullptr};
+    const cairo_status_t status = cairo_surface_write_to_png_stream(picture, &WriteTo, &stream);
+    if (stream.failure != nullptr) {
+        std::rethrow_exception(stream.failure);
     }
-    out.close(); // the last bytes may find the disk full
-    if (status != CAIRO_STATUS_SUCCESS || !out) {
-        std::error_code ignored;
-        std::filesystem::remove(m_unfinished, ignored);
-        throw DeckError("cannot write '" + m_unfinished.string() +
-                        "': " + cairo_status_to_string(out ? status : CAIRO_STATUS_WRITE_ERROR));
-    }
-}
-
-PngWriter::~PngWriter()
-{
-    std::error_code ignored;
-    std::filesystem::remove(m_unfinished, ignored);
-}
-
-void PngWriter::Publish()
-{
-    std::error_code error;
-    std::filesystem::rename(m_unfinished, m_file, error);
-    if (error) {
-        throw DeckError("cannot write '" + m_file.string() + "': " + error.message());
+    if (status != CAIRO_STATUS_SUCCESS) {
+        throw DeckError(std::string("cannot encode a deck's picture: ") + cairo_status_to_string(status));
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "examples/klondike/labels/table_picture.h"
 
-#include "examples/klondike/labels/felt.h"
+#include "examples/common/felt.h"
 #include "examples/klondike/labels/shapes.h"
 #include "examples/klondike/labels/slot_sign.h"
 
@@ -56,7 +56,7 @@ OwnedBitmap MakeTablePicture(int width, int height, const std::vector<TableSlot>
     if (table == nullptr || table->Buffer() == nullptr) {
         return table;
     }
-    PaintFelt(*table, {0, 0, table->Width(), table->Height()});
+    common::PaintFelt(*table, {0, 0, table->Width(), table->Height()});
     const CairoContext cairo = DrawingOn(*table);
     for (const TableSlot& slot : slots) {
         if (IsOnTable(*table, slot.place)) {
@@ -69,7 +69,7 @@ OwnedBitmap MakeTablePicture(int width, int height, const std::vector<TableSlot>
 void RepaintSlot(Bitmap& table, const TableSlot& slot)
 {
     if (IsOnTable(table, slot.place)) {
-        PaintFelt(table, slot.place);
+        common::PaintFelt(table, slot.place);
         DrawSlot(DrawingOn(table).get(), slot);
     }
 }

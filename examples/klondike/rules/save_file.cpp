@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "examples/klondike/rules/save_file.h"
 
+#include "examples/common/unfinished_file.h"
 #include "examples/klondike/rules/save.h"
 
-#include <cerrno>
 #include <fstream>
 #include <stdexcept>
 #include <system_error>
-
-#ifndef _WIN32
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 namespace klondike
 {
@@ -25,73 +20,6 @@ namespace fs = std::filesystem;
 {
     throw std::runtime_error(path.string() + " " + what + ": " + why.message());
 }
-
-#ifndef _WIN32
-
-std::error_code LastError()
-{
-    return {errno, std::generic_category()};
-}
-
-/// A file that closes itself.
-class Descriptor
-{
-public:
-    Descriptor(const fs::path& path, int flags) : m_descriptor(open(path.c_str(), flags | O_CLOEXEC, 0600)) {}
-    ~Descriptor()
-    {
-        if (m_descriptor >= 0) {
-            close(m_descriptor);
-        }
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool IsOpen() const { return m_descriptor >= 0; }
-    bool Sync() const { return fsync(m_descriptor) == 0; }
-    bool Write(std::string_view text) const
-    {
-        while (!text.empty()) {
-            const ssize_t written = write(m_descriptor, text.data(), text.size());
-            if (written < 0 && errno != EINTR) {
-                return false;
-            }
-            text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
-        }
-        return true;
-    }
-
-private:
-    int m_descriptor;
-};
-
-std::error_code WriteThrough(const fs::path& path, std::string_view text)
-{
-    const Descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
-    return file.IsOpen() && file.Write(text) && file.Sync() ? std::error_code() : LastError();
-}
-
-/// Makes a renaming in it last. Some file systems cannot; the file is whole all the same.
-void SyncFolder(const fs::path& folder)
-{
-    const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
-    if (descriptor.IsOpen()) {
-        descriptor.Sync();
-    }
-}
-
-#else
-
-std::error_code WriteThrough(const fs::path& path, std::string_view text)
-{
-    std::ofstream file(path, std::ios::binary);
-    file << text << std::flush;
-    return file ? std::error_code() : std::make_error_code(std::errc::io_error);
-}
-
-void SyncFolder(const fs::path&) {}
-
-#endif
 
 /// The first name of the form FILE.damaged, FILE.damaged-2 that is free.
 fs::path NameForDamaged(const fs::path& path)
@@ -126,18 +54,14 @@ void SaveAtomically(const fs::path& path, std::string_view text)
     if (error) {
         Fail(folder, "cannot be made", error);
     }
-    fs::path fresh = path;
-    fresh += ".new";
-    error = WriteThrough(fresh, text);
-    if (!error) {
-        fs::rename(fresh, path, error);
+    try {
+        common::UnfinishedFile file(path);
+        file.Write(text);
+        file.Publish();
+    } catch (const std::system_error& failure) {
+        Fail(path, "cannot be written", failure.code());
     }
-    if (error) {
-        std::error_code ignored;
-        fs::remove(fresh, ignored);
-        Fail(path, "cannot be written", error);
-    }
-    SyncFolder(folder);
+    common::RemoveLeftovers(path);
 }
 
 std::optional<std::string> ReadText(const fs::path& path, std::size_t limit)

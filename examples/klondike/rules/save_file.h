@@ -12,8 +12,8 @@
 namespace klondike
 {
 
-/// Writes a file whole or not at all: a loss of power leaves the earlier file or the new one. Makes missing folders.
-/// Throws std::runtime_error with one line for the player.
+/// Writes a file whole or not at all: a loss of power leaves the earlier file or the new one, and of several programs
+/// that write at once the last one wins. Makes missing folders. Throws std::runtime_error with one line for the player.
 void SaveAtomically(const std::filesystem::path& path, std::string_view text);
 
 /// The text of a file, of which at most `limit` bytes are read; empty when there is no such file.
@@ -26,8 +26,7 @@ struct LoadedGame {
 };
 
 /// Loads a saved game. No file: neither game nor message. A damaged file is renamed, to the name with ".damaged" after
-/// it
-/// (".damaged-2" and so on when there are such files already), so that the next save does not destroy it.
+/// it (".damaged-2" and so on when there are such files already), so that the next save does not destroy it.
 LoadedGame LoadOrSetAside(const std::filesystem::path& path);
 
 } // namespace klondike

@@ -186,17 +186,17 @@ TEST(DeckCache, StaysWithinItsBoundsAndRemovesNothingElse)
     place("deck-0123456789abcdef-71x96-faces.png", 30, 5);
     place("deck-0123456789abcdef-72x96-faces.png", 30, 4);
     place("deck-0123456789abcdef-73x96-back.png", 30, 3);
-    place("deck-0123456789abcdef-73x96-faces.png.123.part", 1, 2);
-    place("deck-0123456789abcdef-74x96-faces.png.123.part", 1, 0);
+    place("deck-0123456789abcdef-73x96-faces.png.123-4.new", 1, 2);
+    place("deck-0123456789abcdef-74x96-faces.png.123-4.new", 1, 0);
     place("holiday.png", 90, 100);
     place("deck-of mine-faces.png", 90, 100);
     Write(folder / "grid.svg", GridDrawing());
     const DeckFiles files = Rendered(DeckOf(Deck::Kind::SvgGrid, folder / "grid.svg"), 20, 28, cache.string());
     EXPECT_FALSE(fs::exists(cache / "deck-0123456789abcdef-71x96-faces.png"));
-    EXPECT_FALSE(fs::exists(cache / "deck-0123456789abcdef-73x96-faces.png.123.part"));
+    EXPECT_FALSE(fs::exists(cache / "deck-0123456789abcdef-73x96-faces.png.123-4.new"));
     for (const fs::path& kept :
          {cache / "deck-0123456789abcdef-72x96-faces.png", cache / "deck-0123456789abcdef-73x96-back.png",
-          cache / "deck-0123456789abcdef-74x96-faces.png.123.part", cache / "holiday.png",
+          cache / "deck-0123456789abcdef-74x96-faces.png.123-4.new", cache / "holiday.png",
           cache / "deck-of mine-faces.png", fs::path(files.sheet), fs::path(files.back)}) {
         EXPECT_TRUE(fs::exists(kept)) << kept;
     }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "examples/deal/shuffle.h"
+#include "examples/common/shuffle.h"
 
 #include <numeric>
 #include <utility>
 
-namespace deal
+namespace common
 {
 
 namespace
@@ -53,4 +53,4 @@ std::vector<long> ShuffledDeck(int count, std::uint64_t seed)
     return deck;
 }
 
-} // namespace deal
+} // namespace common

@@ -4,7 +4,7 @@
 #include "host/bitmap.h"
 #include "host/rectangle.h"
 
-namespace klondike
+namespace common
 {
 
 /// Paints a part of the felt of a table as large as the bitmap: green, lit from above its middle. What a pixel gets
@@ -12,4 +12,4 @@ namespace klondike
 /// bitmap. Costs about nine nanoseconds a pixel.
 void PaintFelt(Bitmap& table, const render::Rectangle<int>& part);
 
-} // namespace klondike
+} // namespace common

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "examples/klondike/labels/felt.h"
+#include "examples/common/felt.h"
 
 #include "orvane/pixel.h"
 
@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace klondike
+namespace common
 {
 
 namespace
@@ -171,4 +171,4 @@ void PaintFelt(Bitmap& table, const render::Rectangle<int>& part)
     }
 }
 
-} // namespace klondike
+} // namespace common
