@@ -23,16 +23,16 @@ public:
     ///@}
 
     void Paint(Bitmap& screen, const render::Rectangle<int>& area, long left, long top) const override;
-    /// True when the picture covers the control and has no see-through pixel; found out, once, the second time that
+    /// A part of the picture without see-through pixels, grown from its middle; found out, once, the second time that
     /// this is asked about the same picture. A class that paints something else overrides it too.
-    bool IsOpaque() const override;
+    render::Rectangle<int> OpaquePart() const override;
 
 private:
-    bool IsKnownOpaque() const;
+    bool IsExamined() const;
 
     Bitmap* m_bitmap = nullptr;
     mutable const Bitmap* m_examined = nullptr; ///< the picture that the answer below is about
     mutable std::uint64_t m_examinedRevision = 0;
     mutable bool m_isExamined = false; ///< not yet on the first question: the picture may change in every frame
-    mutable bool m_hasOpaquePicture = false;
+    mutable render::Rectangle<int> m_opaquePart; ///< of the picture
 };

@@ -60,9 +60,10 @@ public:
     /// the control's place on the screen. Must give every pixel the same value however the area is cut into parts, and
     /// touch none outside it. The base class paints nothing.
     virtual void Paint(Bitmap& screen, const render::Rectangle<int>& area, long left, long top) const;
-    /// True only when Paint gives every pixel of the control's rectangle a value that does not depend on what is below:
-    /// that need not be painted then. Asked in every composing, so it costs little. The base class answers false.
-    virtual bool IsOpaque() const { return false; }
+    /// A part of the control, relative to its top-left, in which Paint gives every pixel a value that does not depend
+    /// on what is below: that need not be painted there. Asked once in every composing that the control takes part in,
+    /// so it costs little. The base class answers with an empty rectangle.
+    virtual render::Rectangle<int> OpaquePart() const { return {}; }
 
 private:
     friend class CWindowBase;

@@ -34,6 +34,17 @@ inline Area Intersection(const Area& a, const Area& b)
     return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
 }
 
+inline Area Moved(const Area& area, std::int64_t x, std::int64_t y)
+{
+    return {area.left + x, area.top + y, area.right + x, area.bottom + y};
+}
+
+/// True when all of the part, which is not empty, lies in the area.
+inline bool Contains(const Area& area, const Area& part)
+{
+    return part.left >= area.left && part.top >= area.top && part.right <= area.right && part.bottom <= area.bottom;
+}
+
 /// The same rectangle; its edges lie in the range of int, and its sides do.
 inline render::Rectangle<int> RectangleOf(const Area& area)
 {

@@ -5,23 +5,12 @@
 #include "orvane/area.h"
 #include "orvane/control_area.h"
 #include "orvane/number32.h"
+#include "orvane/opaque_part.h"
 #include "orvane/pixel.h"
 #include "orvane/raster/blend.h"
 
 #include <algorithm>
 #include <limits>
-
-namespace
-{
-
-bool HasOpaquePixelsOnly(const Bitmap& picture)
-{
-    const std::uint32_t* const pixels = orvane::Pixels(picture);
-    const std::int64_t count = std::int64_t{picture.Width()} * picture.Height();
-    return std::all_of(pixels, pixels + count, [](std::uint32_t pixel) { return pixel >> 24 == 255U; });
-}
-
-} // namespace
 
 Canvas::~Canvas() = default;
 
@@ -60,7 +49,7 @@ void Canvas::Paint(Bitmap& screen, const render::Rectangle<int>& area, long left
     const std::uint32_t* source = Pixels(picture) + (painted.top - top) * picture.Width() + (painted.left - left);
     std::uint32_t* destination = Pixels(screen) + painted.top * screen.Width() + painted.left;
     const int count = static_cast<int>(painted.right - painted.left);
-    const bool opaque = IsKnownOpaque();
+    const bool opaque = IsExamined() && Contains(AreaOf(m_opaquePart), Moved(painted, -left, -top));
     for (std::int64_t y = painted.top; y < painted.bottom; ++y) {
         if (opaque) {
             std::copy_n(source, count, destination);
@@ -72,25 +61,25 @@ void Canvas::Paint(Bitmap& screen, const render::Rectangle<int>& area, long left
     }
 }
 
-bool Canvas::IsOpaque() const
+render::Rectangle<int> Canvas::OpaquePart() const
 {
-    if (m_bitmap == nullptr || m_bitmap->Width() < Width() || m_bitmap->Height() < Height()) {
-        return false;
+    if (m_bitmap == nullptr) {
+        return {};
     }
     if (m_examined != m_bitmap || m_examinedRevision != m_bitmap->Revision()) {
         m_examined = m_bitmap;
         m_examinedRevision = m_bitmap->Revision();
         m_isExamined = false;
-        return false;
+        return {};
     }
     if (!m_isExamined) {
-        m_hasOpaquePicture = HasOpaquePixelsOnly(*m_bitmap);
+        m_opaquePart = orvane::FindOpaquePart(*m_bitmap);
         m_isExamined = true;
     }
-    return m_hasOpaquePicture;
+    return m_opaquePart;
 }
 
-bool Canvas::IsKnownOpaque() const
+bool Canvas::IsExamined() const
 {
-    return m_isExamined && m_hasOpaquePicture && m_examined == m_bitmap && m_examinedRevision == m_bitmap->Revision();
+    return m_isExamined && m_examined == m_bitmap && m_examinedRevision == m_bitmap->Revision();
 }

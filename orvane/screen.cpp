@@ -17,6 +17,15 @@ namespace orvane
 namespace
 {
 
+/// Frames of an animation do not all need the same room: when it had to grow, it grows to four times the need, so that
+/// few of them allocate.
+template <typename T> void GrowAmply(std::vector<T>& items, std::size_t earlierRoom)
+{
+    if (items.capacity() > earlierRoom) {
+        items.reserve(4 * items.size());
+    }
+}
+
 /// Disjoint areas, sorted by y, in which to find those that a control reaches into without looking at all.
 class PaintAreas
 {
@@ -32,8 +41,8 @@ public:
         }
     }
 
-    /// Calls the visitor with the number of each area that the place reaches into, and their common part.
-    template <typename Visitor> void VisitCommon(const Area& place, Visitor visitor) const
+    /// Calls the visitor with the number of each area that the place reaches into.
+    template <typename Visitor> void VisitEach(const Area& place, Visitor visitor) const
     {
         if (Intersection(place, m_bounds).IsEmpty()) {
             return;
@@ -43,9 +52,8 @@ public:
         };
         auto area = std::lower_bound(m_areas.begin(), m_areas.end(), place.top, endsAbove);
         for (; area != m_areas.end() && area->y < place.bottom; ++area) {
-            const Area common = Intersection(AreaOf(*area), place);
-            if (!common.IsEmpty()) {
-                visitor(static_cast<std::size_t>(area - m_areas.begin()), RectangleOf(common));
+            if (!Intersection(AreaOf(*area), place).IsEmpty()) {
+                visitor(static_cast<std::size_t>(area - m_areas.begin()));
             }
         }
     }
@@ -115,37 +123,67 @@ void Screen::FindControls(const Damage::Rectangles& areas)
     std::erase_if(m_controls, [](const CControlBase* control) { return !control->IsShown(); });
 }
 
-void Screen::Paint(const Damage::Rectangles& areas)
+/// Lists, for each area, the controls that reach into it.
+void Screen::StackLayers(const Damage::Rectangles& areas)
 {
     FindControls(areas);
     const PaintAreas paintAreas(areas);
-
-    // What an opaque control hides in the whole of an area is not painted there.
-    constexpr std::size_t kBackground = 0;
-    m_lowest.assign(areas.size(), kBackground);
-    for (std::size_t i = 0; i < m_controls.size(); ++i) {
-        const CControlBase& control = *m_controls[i];
-        paintAreas.VisitCommon(PlaceOnScreen(control), [&](std::size_t area, const render::Rectangle<int>& common) {
-            if (common == areas[area] && control.IsOpaque()) {
-                m_lowest[area] = i + 1;
+    const std::size_t earlierRoom = m_links.capacity();
+    m_layers.clear();
+    m_links.clear();
+    m_highest.assign(areas.size(), kNone);
+    for (const CControlBase* control : m_controls) {
+        const Area place = PlaceOnScreen(*control);
+        const std::size_t layer = m_layers.size();
+        paintAreas.VisitEach(place, [&](std::size_t area) {
+            if (layer == m_layers.size()) {
+                const Area opaque = Moved(AreaOf(control->OpaquePart()), place.left, place.top);
+                m_layers.push_back({control, place, Intersection(opaque, place)});
             }
+            m_links.push_back({layer, m_highest[area]});
+            m_highest[area] = m_links.size() - 1;
         });
     }
+    GrowAmply(m_links, earlierRoom);
+}
 
-    for (std::size_t area = 0; area < areas.size(); ++area) {
-        if (m_lowest[area] == kBackground) {
-            m_picture->FillRect(areas[area], m_background);
+void Screen::Paint(const Damage::Rectangles& areas)
+{
+    StackLayers(areas);
+    for (std::size_t i = 0; i < areas.size(); ++i) {
+        PaintArea(AreaOf(areas[i]), m_highest[i]);
+    }
+}
+
+/// What opaque parts of higher controls hide is not painted: looks from the highest control down for what shows, then
+/// paints that from the lowest up.
+void Screen::PaintArea(const Area& area, std::size_t highest)
+{
+    const std::size_t earlierRoom = m_steps.capacity();
+    m_steps.clear();
+    m_uncovered.Reset(area);
+    for (std::size_t link = highest; link != kNone && !m_uncovered.IsEmpty(); link = m_links[link].below) {
+        const Layer& layer = m_layers[m_links[link].layer];
+        for (const Area& part : m_uncovered.Parts()) {
+            const Area common = Intersection(part, layer.place);
+            if (!common.IsEmpty()) {
+                m_steps.push_back({&layer, common});
+            }
+        }
+        if (!layer.opaque.IsEmpty()) {
+            m_uncovered.Cover(layer.opaque);
         }
     }
-    for (std::size_t i = 0; i < m_controls.size(); ++i) {
-        const CControlBase& control = *m_controls[i];
-        const Area place = PlaceOnScreen(control);
-        paintAreas.VisitCommon(place, [&](std::size_t area, const render::Rectangle<int>& common) {
-            if (i + 1 >= m_lowest[area]) {
-                control.Paint(*m_picture, common, static_cast<long>(place.left), static_cast<long>(place.top));
-            }
-        });
+
+    for (const Area& part : m_uncovered.Parts()) {
+        m_picture->FillRect(RectangleOf(part), m_background);
     }
+    std::for_each(m_steps.rbegin(), m_steps.rend(), [&](const Step& step) {
+        const Area& place = step.layer->place;
+        step.layer->control->Paint(*m_picture, RectangleOf(step.part), static_cast<long>(place.left),
+                                   static_cast<long>(place.top));
+    });
+    GrowAmply(m_steps, earlierRoom);
 }
 
 } // namespace orvane

@@ -5,7 +5,9 @@
 #include "host/owned_bitmap.h"
 #include "host/rectangle.h"
 #include "host/rgba.h"
+#include "orvane/area.h"
 #include "orvane/damage.h"
+#include "orvane/uncovered_parts.h"
 
 #include <cstddef>
 #include <vector>
@@ -40,8 +42,28 @@ public:
     void ComposeAll();
 
 private:
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+    /// A control of which something is to be painted.
+    struct Layer {
+        const CControlBase* control;
+        Area place;
+        Area opaque; ///< the part that hides what is below
+    };
+    /// In the list of an area's layers, from the highest down.
+    struct Link {
+        std::size_t layer;
+        std::size_t below; ///< the next link, or kNone
+    };
+    struct Step {
+        const Layer* layer;
+        Area part;
+    };
+
     void FindControls(const Damage::Rectangles& areas);
+    void StackLayers(const Damage::Rectangles& areas);
     void Paint(const Damage::Rectangles& areas);
+    void PaintArea(const Area& area, std::size_t highest);
 
     int m_width;
     int m_height;
@@ -51,7 +73,11 @@ private:
     Damage::Rectangles m_composed;
     // Working memory of Paint.
     std::vector<const CControlBase*> m_controls;
-    std::vector<std::size_t> m_lowest; ///< for each area the number of the lowest control to paint, from 1
+    std::vector<Layer> m_layers; ///< the lowest first
+    std::vector<Link> m_links;
+    std::vector<std::size_t> m_highest; ///< for each area the link of its highest layer, or kNone
+    UncoveredParts m_uncovered;
+    std::vector<Step> m_steps; ///< the highest first
 };
 
 } // namespace orvane

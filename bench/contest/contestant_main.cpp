@@ -9,6 +9,7 @@
 #include "bench/contest/pixmap_file.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <ctime>
 #include <exception>
@@ -20,8 +21,8 @@ namespace
 
 using namespace contest;
 
-constexpr int kWarmUpFrames = 3;
-constexpr int kLeastFrames = 3;
+constexpr std::size_t kLeastFrames = 3;
+constexpr double kMostWarmUp = 2.0; ///< seconds
 constexpr int kUsageError = 2;
 
 const Entry& FindEntry(const std::vector<Entry>& entries, const std::string& name)
@@ -46,6 +47,7 @@ public:
         m_contestant->SetUp(scene.width, scene.height, m_pictures);
     }
 
+    std::size_t NumFrames() const { return m_frames.size(); }
     const Frame& At(std::size_t frame) const { return m_frames[frame % m_frames.size()]; }
 
     void Clear()
@@ -71,29 +73,62 @@ double Seconds(clockid_t clock)
     return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-/// Counts the time of this process alone, since other programs take turns on the machine.
-void Time(Stage& stage, const Scene& scene, double least)
-{
-    for (std::size_t frame = 0; frame < kWarmUpFrames; ++frame) {
-        stage.Clear();
-        stage.Draw(frame);
-    }
+struct Timing {
+    std::size_t frames = 0;
     double pixels = 0.0;
-    double processor = 0.0;
+    double seconds = 0.0; ///< of this process alone, since other programs take turns on the machine
+};
+
+/// Draws the frames from one of them on, for that long at least.
+Timing DrawFor(Stage& stage, const Scene& scene, std::size_t first, double seconds)
+{
+    Timing timing;
     double passed = 0.0;
-    std::size_t frame = 0;
-    for (; passed < least || frame < kLeastFrames; ++frame) {
+    for (; passed < seconds || timing.frames < kLeastFrames; ++timing.frames) {
+        const std::size_t frame = first + timing.frames;
         stage.Clear();
         const double start = Seconds(CLOCK_MONOTONIC);
         const double processorStart = Seconds(CLOCK_PROCESS_CPUTIME_ID);
         stage.Draw(frame);
-        processor += Seconds(CLOCK_PROCESS_CPUTIME_ID) - processorStart;
+        timing.seconds += Seconds(CLOCK_PROCESS_CPUTIME_ID) - processorStart;
         passed += Seconds(CLOCK_MONOTONIC) - start;
         for (const Quad& quad : stage.At(frame)) {
-            pixels += AreaInside(quad, scene.width, scene.height);
+            timing.pixels += AreaInside(quad, scene.width, scene.height);
         }
     }
-    std::printf("{\"frames\": %zu, \"pixels\": %.1f, \"seconds\": %.6f}\n", frame, pixels, processor);
+    return timing;
+}
+
+/// Draws the frames up to one of them, or as many of them as that takes at most.
+void WarmUp(Stage& stage, std::size_t first, std::size_t end)
+{
+    const double start = Seconds(CLOCK_MONOTONIC);
+    for (std::size_t frame = first; frame < end && Seconds(CLOCK_MONOTONIC) - start < kMostWarmUp; ++frame) {
+        stage.Clear();
+        stage.Draw(frame);
+    }
+}
+
+std::string Json(const Timing& timing)
+{
+    std::array<char, 128> text{};
+    const int length = std::snprintf(text.data(), text.size(), R"({"frames": %zu, "pixels": %.1f, "seconds": %.6f})",
+                                     timing.frames, timing.pixels, timing.seconds);
+    return {text.data(), static_cast<std::size_t>(length)};
+}
+
+/// Times twice when there are several pictures: at first, when a renderer still makes what it keeps of each picture,
+/// and after each has been shown in all sizes that occur.
+void Time(Stage& stage, const Scene& scene, double seconds)
+{
+    WarmUp(stage, 0, kLeastFrames);
+    std::string first;
+    if (scene.pictures > 1) {
+        const Timing timing = DrawFor(stage, scene, kLeastFrames, seconds);
+        first = R"("first": )" + Json(timing) + ", ";
+        WarmUp(stage, kLeastFrames + timing.frames, stage.NumFrames());
+    }
+    std::printf("{%s\"steady\": %s}\n", first.c_str(), Json(DrawFor(stage, scene, 0, seconds)).c_str());
 }
 
 void WritePicture(Stage& stage, const std::string& path)

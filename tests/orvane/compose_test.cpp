@@ -81,8 +81,9 @@ public:
 class RandomScene
 {
 public:
-    /// The screen's width in pixels, and how many controls there are from the start.
-    RandomScene(unsigned seed, int width, int crowd) : m_random(seed), m_width(width), m_host(Settings())
+    /// The screen's width in pixels, how many controls there are from the start, and how long their sides may be.
+    RandomScene(unsigned seed, int width, int crowd, int longest = 38)
+        : m_random(seed), m_width(width), m_longest(longest), m_host(Settings())
     {
         for (int i = 0; i < 3; ++i) {
             m_dialogs.push_back(std::make_unique<CDialog>());
@@ -90,8 +91,12 @@ public:
         }
         m_bitmaps.push_back(MakeBitmap(kOpaqueWidth, 25));
         FillOpaquely(*m_bitmaps.back());
+        for (int side = 64; side < m_longest; side += 64)
+            m_bitmaps.push_back(MakeCard(side, side, m_random));
         for (int i = 0; i < crowd; ++i)
             AddCanvas(*m_dialogs[i % 8 == 0 ? 1 : 0], nullptr);
+        if (crowd > 0)
+            Show(*m_dialogs[0]);
     }
 
     void Change()
@@ -173,7 +178,7 @@ private:
     void AddCanvas(CDialog& dialog, CControlBase* after)
     {
         m_canvases.push_back(std::make_unique<CheckedCanvas>());
-        m_canvases.back()->Create(Place(), Place(), Below(40) - 2, Below(40) - 2);
+        m_canvases.back()->Create(Place(), Place(), Below(m_longest + 2) - 2, Below(m_longest + 2) - 2);
         m_canvases.back()->SetBitmap(m_bitmaps[Index(m_bitmaps)].get());
         dialog.AddCntrlAfter(m_canvases.back().get(), after);
     }
@@ -201,7 +206,7 @@ private:
         CheckedCanvas* const other = m_canvases[Index(m_canvases)].get();
         switch (choice) {
         case 10:
-            canvas.SetSize(Below(40) - 2, Place());
+            canvas.SetSize(Below(m_longest + 2) - 2, Place());
             break;
         case 11:
             canvas.SetState(Below(2) == 0 ? CControlBase::kStateShown : CControlBase::kStateHidden);
@@ -267,6 +272,7 @@ private:
 
     std::mt19937 m_random;
     int m_width;
+    int m_longest;
     AreaObserver m_observer;
     orvane::Host m_host;
     std::vector<OwnedBitmap> m_bitmaps;
@@ -295,6 +301,19 @@ TEST(Compose, DamageAloneGivesThePictureOfEverythingWithACrowdOfControls)
         for (int step = 0; step < 400; ++step) {
             scene.Change();
             if (step % 9 == 0) {
+                ASSERT_NO_FATAL_FAILURE(scene.Check()) << "seed " << seed << ", step " << step;
+            }
+        }
+    }
+}
+
+TEST(Compose, DamageAloneGivesThePictureOfEverythingWhereLargeCardsHideEachOther)
+{
+    for (unsigned seed = 0; seed < 4; ++seed) {
+        RandomScene scene(seed, 500, 30, 260);
+        for (int step = 0; step < 120; ++step) {
+            scene.Change();
+            if (step % 4 == 0) {
                 ASSERT_NO_FATAL_FAILURE(scene.Check()) << "seed " << seed << ", step " << step;
             }
         }

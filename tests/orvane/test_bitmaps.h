@@ -39,3 +39,14 @@ inline OwnedBitmap MakeNoise(int width, int height, std::mt19937& random)
         std::memcpy(bitmap->Buffer(), pixels.data(), pixels.size() * 4);
     return bitmap;
 }
+
+/// Noise with an opaque middle; what surrounds it takes up to an eighth of the side everywhere.
+inline OwnedBitmap MakeCard(int width, int height, std::mt19937& random)
+{
+    OwnedBitmap bitmap = MakeNoise(width, height, random);
+    const int left = static_cast<int>(random() % (static_cast<unsigned>(width) / 8 + 1));
+    const int top = static_cast<int>(random() % (static_cast<unsigned>(height) / 8 + 1));
+    const auto blue = static_cast<std::uint8_t>(random());
+    bitmap->FillRect({left, top, width - 2 * left, height - 2 * top}, {200, 100, blue, 255});
+    return bitmap;
+}

@@ -430,9 +430,9 @@ void Canvas::SetBitmap(Bitmap* bitmap)
     m_bitmap = bitmap;
 }
 void Canvas::Paint(Bitmap&, const render::Rectangle<int>&, long, long) const {}
-bool Canvas::IsOpaque() const
+render::Rectangle<int> Canvas::OpaquePart() const
 {
-    return false;
+    return {};
 }
 
 void Canvas::Create(long x, long y, long width, long height)

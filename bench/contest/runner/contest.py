@@ -24,7 +24,8 @@ def _options() -> argparse.Namespace:
     parser.add_argument("--seconds", type=float, default=0.3, metavar="S", help="of drawing, at least, a turn (0.3)")
     parser.add_argument("--scenes", type=_list, metavar="A,B", help="these scenes only")
     parser.add_argument("--contestants", type=_list, metavar="A,B", help="these contestants only")
-    parser.add_argument("--pictures", action="store_true", help="write pictures.png, magnified cards")
+    parser.add_argument("--more", action="store_true", help="add repetitions to the last run's speeds")
+    parser.add_argument("--pictures", action="store_true", help="show magnified cards on the page")
     parser.add_argument("--page", action="store_true", help="measure nothing, write the last run's page anew")
     parser.add_argument("--core", type=int, default=os.cpu_count() - 1, metavar="N", help="of the processor (the last)")
     parser.add_argument("--build", type=Path, default=Path("build/contest"), metavar="FOLDER", help="with the programs")
@@ -46,6 +47,7 @@ def _start(options: argparse.Namespace, programs: Programs) -> Results:
         scenes=[scene for scene in programs.scenes if scene.name in scenes],
         contestants={name: programs.contestants[name] for name in names},
         machine=machine.describe(options.build),
+        seconds=options.seconds,
     )
 
 
@@ -68,11 +70,10 @@ def _measure_speeds(programs: Programs, results: Results, options: argparse.Name
     for repetition in range(options.repetitions):
         print(f"speeds, repetition {repetition + 1} of {options.repetitions}", flush=True)
         for scene in results.scenes:
-            speeds = results.speeds.setdefault(scene.name, {})
             for name in results.contestants:
-                speed = programs.speed(name, scene.name, options.seconds)
-                if speed:
-                    speeds.setdefault(name, []).append(speed)
+                for when, speed in programs.speeds(name, scene.name, options.seconds).items():
+                    kept = results.first_speeds if when == "first" else results.speeds
+                    kept.setdefault(scene.name, {}).setdefault(name, []).append(speed)
 
 
 def main() -> None:
@@ -82,18 +83,18 @@ def main() -> None:
     measurements = options.output / "measurements.json"
     truths = options.output / "truths"
     truths.mkdir(exist_ok=True)
-    if options.page:
+    if options.page or options.more:
         results = Results.load(measurements)
     else:
         results = _start(options, programs)
         _judge_pictures(programs, results, truths)
+    if not options.page:
         _measure_speeds(programs, results, options)
         results.save(measurements)
-    if options.pictures:
-        sheet = options.output / "pictures.png"
-        for row in picture_sheet.write(programs, results, truths, sheet):
-            print(f"{sheet}: {row}")
-    print(f"the page: {page.write(results, options.output)}")
+    images = options.output / "images"
+    images.mkdir(exist_ok=True)
+    rows = picture_sheet.write(programs, results, truths, images / page.PICTURES) if options.pictures else []
+    print(f"the page: {page.write(results, options.output, rows)}")
 
 
 if __name__ == "__main__":

@@ -2,7 +2,7 @@
 """What this project's renderer wants to reach in each scene, and whether it has."""
 
 from collections.abc import Iterator
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 
 from programs import Scene
 from results import MEMORY_LOOP, MOTION, REST, Results
@@ -46,9 +46,14 @@ class Goal:
 
 
 def judge(results: Results, scene: Scene) -> list[Goal]:
-    """The goals of a scene. With several pictures the speeds, and what is lost against one picture."""
+    """The goals of a scene. With several pictures the speeds, and what is lost against one picture, steady and at
+    first."""
     others = _qualities if scene.pictures == 1 else _losses
-    return [Goal(scene.name, *goal) for goal in (*_speeds(results, scene), *others(results, scene))]
+    judged = [Goal(scene.name, *goal) for goal in (*_speeds(results, scene), *others(results, scene))]
+    if scene.name in results.first_speeds:
+        at_first = judge(results.at_first(), scene)
+        judged += [replace(goal, what=f"first {results.seconds:g} s, {goal.what}") for goal in at_first]
+    return judged
 
 
 def _multiple(results: Results, scene: Scene, name: str, peer: str | None, least: float, of: str) -> tuple:

@@ -52,10 +52,11 @@ class Programs:
         lines = self._run([folder / TRUTH_PROGRAM, "scenes"]).splitlines()
         self.scenes = [Scene(**{**fields, "spot": tuple(fields["spot"])}) for fields in map(json.loads, lines)]
 
-    def speed(self, contestant: str, scene: str, seconds: float) -> float | None:
-        """Megapixels a second of processor time, or None when it can't draw the scene."""
+    def speeds(self, contestant: str, scene: str, seconds: float) -> dict[str, float]:
+        """Megapixels a second of processor time: steady, and first, if the scene has several pictures. Nothing when it
+        can't draw the scene."""
         answer = self._perform(contestant, ["time", contestant, scene, str(seconds)])
-        return answer["pixels"] / answer["seconds"] / 1e6 if answer else None
+        return {when: timing["pixels"] / timing["seconds"] / 1e6 for when, timing in answer.items()}
 
     def draw(self, contestant: str, scene: str, file: Path) -> bool:
         file.unlink(missing_ok=True)

@@ -2,7 +2,7 @@
 """What was measured, and the questions that the goals and the tables ask of it."""
 
 import json
-from dataclasses import asdict, dataclass, field
+from dataclasses import asdict, dataclass, field, replace
 from pathlib import Path
 from statistics import median
 
@@ -23,7 +23,9 @@ class Results:
     scenes: list[Scene] = field(default_factory=list)
     contestants: dict[str, str] = field(default_factory=dict)  # name: what it is
     machine: list[str] = field(default_factory=list)
+    seconds: float = 0.3  # of drawing, a repetition
     speeds: dict[str, dict[str, list[float]]] = field(default_factory=dict)  # of scene and contestant, each repetition
+    first_speeds: dict[str, dict[str, list[float]]] = field(default_factory=dict)  # with several pictures
     errors: dict[str, dict[str, dict[str, float]]] = field(default_factory=dict)  # of scene and contestant, decibels
 
     def save(self, file: Path) -> None:
@@ -34,6 +36,10 @@ class Results:
         fields = json.loads(file.read_text())
         scenes = [Scene(**{**scene, "spot": tuple(scene["spot"])}) for scene in fields.pop("scenes")]
         return Results(scenes=scenes, **fields)
+
+    def at_first(self) -> "Results":
+        """With the speeds of the first seconds in place of the steady ones, where there are several pictures."""
+        return replace(self, speeds={**self.speeds, **self.first_speeds}, first_speeds={})
 
     def speed(self, scene: Scene, name: str) -> float | None:
         """Megapixels a second, the median of the repetitions; of a recorded row, its multiple of a contestant's."""
