@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Klondike in a window, or in a terminal. The game goes on where it was left.
-#include "examples/klondike/decks/deck_catalog.h"
 #include "examples/klondike/app/options.h"
+#include "examples/klondike/decks/deck_catalog.h"
 #include "examples/klondike/rules/deal.h"
 #include "examples/klondike/rules/folders.h"
 #include "examples/klondike/rules/save.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "examples/klondike/app/program.h"
 #include "examples/klondike/app/options.h"
+#include "examples/klondike/app/program.h"
 
 namespace klondike
 {

@@ -62,7 +62,8 @@ TEST(KlondikeCursor, ReachesEveryPileByTheArrows)
             seen.insert(cursor.Pile());
             const int x = layout.piles[cursor.Pile()].place.x;
             cursor.Step(Cursor::Direction::Right, piles, layout);
-            EXPECT_TRUE(layout.piles[cursor.Pile()].place.x > x || cursor.Pile() == (leftHanded ? kFirstFoundation : kStock));
+            EXPECT_TRUE(layout.piles[cursor.Pile()].place.x > x ||
+                        cursor.Pile() == (leftHanded ? kFirstFoundation : kStock));
         }
         cursor.Step(Cursor::Direction::Down, piles, layout);
         EXPECT_TRUE(IsTableau(cursor.Pile()));
