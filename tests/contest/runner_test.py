@@ -78,6 +78,13 @@ class GoalsTest(unittest.TestCase):
         self.assertAlmostEqual(rest.measured, 90.0 / 25.0)
         self.assertFalse(rest.reached)
 
+    def test_a_time_in_which_the_machine_is_slow_is_slow_for_both(self):
+        results = tilted_results()
+        results.speeds["blit240"] = {"cardtable-motion": [300.0, 90.0, 80.0], "cairo": [100.0, 30.0, 60.0]}
+        self.assertAlmostEqual(results.ratio(results.scenes[0], "cardtable-motion", "cairo"), 3.0)
+        results.speeds["blit240"]["cairo"] = [100.0]  # another number of rounds: nothing to pair
+        self.assertAlmostEqual(results.ratio(results.scenes[0], "cardtable-motion", "cairo"), 0.9)
+
     def test_quality_is_held_against_the_best_conforming_peer(self):
         judged = self.judged("tilted240")
         self.assertEqual(judged["in motion: area"].wanted, 33.5)

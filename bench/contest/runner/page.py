@@ -37,7 +37,8 @@ picture; with `-52` each has its own, as a real deck does. Tilted cards are turn
 clearing the target; medians of the repetitions. What a renderer makes of a picture once, such as filtered copies, does
 not count: a scene is drawn before it is timed, one with `-52` until each picture was shown in all sizes. For these
 there is a second figure, *first*: the first tenths of a second, in which that work does count. Other programs may run
-on the machine: trust ratios, and take differences below 15 % for a tie.
+on the machine: trust ratios, which are the medians of those within a repetition (so not always the quotient of the two
+medians), and take differences below 15 % for a tie.
 
 **Quality** is the distance of one frame from brute force with 256 points a pixel, in decibels over the pixels that
 cards touch or border. *Area*: the mean of the pixel's area, what one should see. *Conformance*: one exact bilinear

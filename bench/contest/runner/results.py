@@ -41,13 +41,16 @@ class Results:
         """With the speeds of the first seconds in place of the steady ones, where there are several pictures."""
         return replace(self, speeds={**self.speeds, **self.first_speeds}, first_speeds={})
 
-    def speed(self, scene: Scene, name: str) -> float | None:
-        """Megapixels a second, the median of the repetitions; of a recorded row, its multiple of a contestant's."""
+    def rounds(self, scene: Scene, name: str) -> list[float]:
+        """Megapixels a second of each repetition; of a recorded row, its multiple of a contestant's."""
         if name in recorded.MULTIPLES:
             reference, multiple = recorded.MULTIPLES[name].get(scene.name, (None, 0.0))
-            speed = self.speed(scene, reference) if reference else None
-            return speed * multiple if speed else None
-        speeds = self.speeds.get(scene.name, {}).get(name)
+            return [speed * multiple for speed in self.rounds(scene, reference)] if reference else []
+        return self.speeds.get(scene.name, {}).get(name, [])
+
+    def speed(self, scene: Scene, name: str) -> float | None:
+        """Megapixels a second, the median of the repetitions."""
+        speeds = self.rounds(scene, name)
         return median(speeds) if speeds else None
 
     def spread(self, scene: Scene, name: str) -> float | None:
@@ -92,11 +95,18 @@ class Results:
         return max(names, key=lambda name: self.error(scene, name, "area"), default=None)
 
     def ratio(self, scene: Scene, name: str, other: str | None) -> float | None:
-        ours, theirs = self.speed(scene, name), self.speed(scene, other) if other else None
-        return ours / theirs if ours and theirs else None
+        """How many times as fast as another one: the median of the repetitions' own ratios. A machine that is slow for
+        a while is slow for both."""
+        return _median_ratio(self.rounds(scene, name), self.rounds(scene, other) if other else [])
 
     def loss(self, scene: Scene, name: str) -> float | None:
         """The share of its speed that a contestant loses when each card has a picture of its own."""
         single = next((other for other in self.scenes if other.name == scene.single), None)
-        many, one = self.speed(scene, name), self.speed(single, name) if single else None
-        return 1.0 - many / one if many and one else None
+        kept = _median_ratio(self.rounds(scene, name), self.rounds(single, name)) if single else None
+        return None if kept is None else 1.0 - kept
+
+
+def _median_ratio(ours: list[float], theirs: list[float]) -> float | None:
+    if len(ours) == len(theirs) and all(theirs):
+        return median(a / b for a, b in zip(ours, theirs)) if ours else None
+    return median(ours) / median(theirs) if ours and theirs and median(theirs) else None
