@@ -48,6 +48,8 @@ public:
 
     /// True while the wanted pictures are on their way.
     bool IsWaiting() const { return m_isWaiting; }
+    /// True until all decks have been looked for.
+    bool IsLooking() const { return !m_complete; }
     /// Those found so far; first the game's own.
     const std::vector<Deck>& Decks() const { return m_decks; }
     /// Width by height of the wanted deck's cards, as far as it is known.

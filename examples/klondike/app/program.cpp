@@ -71,7 +71,7 @@ Program::~Program() = default;
 bool Program::IsBusy() const
 {
     return HasCommands() || m_view.Cards().IsMoving() || m_celebration.IsRunning() || m_deckIsComing ||
-           m_newDeck.has_value();
+           m_newDeck.has_value() || m_decks.IsLooking();
 }
 
 bool Program::AwaitsInput() const

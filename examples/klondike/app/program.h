@@ -58,7 +58,8 @@ public:
     orvane::Loop& Loop() { return m_loop; }
     const Game& TheGame() const { return m_game; }
     TableView& View() { return m_view; }
-    /// True while something goes on by itself: cards move, commands wait, a deck is on its way.
+    /// True while something goes on by itself: cards move, commands wait, decks are looked for or on their
+    /// way.
     bool IsBusy() const;
     ///@{
     /// Commands wait to be followed; and: there are none now, but more may come, or the first deck is on its way.
