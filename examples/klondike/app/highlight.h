@@ -20,7 +20,6 @@ public:
     /// Shows it around an area of the dialog, pixels; the line has a part of the card's width. An empty area hides it.
     void Show(const render::Rectangle<int>& area, int cardWidth);
     void Hide();
-    bool IsShown() const { return m_canvas.IsShown(); }
 
 private:
     Canvas m_canvas;

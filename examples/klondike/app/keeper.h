@@ -22,7 +22,6 @@ public:
 
     /// The game is no longer what its file holds.
     void GameChanged() { m_isUnsaved = true; }
-    bool IsUnsaved() const { return m_isUnsaved; }
     ///@{
     /// Write a file; the game only after a change. They return one line for the player when that fails, once for a row
     /// of failures; else an empty one.

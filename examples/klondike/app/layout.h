@@ -28,6 +28,7 @@ struct Layout {
     render::Rectangle<int> toolBar{0, 0, 0, 0}; ///< along the bottom
     int textPixels = 16;
 
+    /// Equal places; all else follows from the size of the window.
     friend bool operator==(const Layout& a, const Layout& b);
     /// The place of a pile's bottom card.
     render::Rectangle<int> Place(std::size_t pile) const;

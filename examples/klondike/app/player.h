@@ -69,7 +69,6 @@ public:
     void ChooseAtCursor();
     void SendHomeAtCursor();
     void HideCursor();
-    bool IsCursorShown() const { return m_cursorShown; }
     ///@}
 
     /// Before each frame of the table: moves that go by themselves. True when there may be more of them.

@@ -35,7 +35,6 @@ public:
     void Update(std::vector<PopupLine> lines);
     void Hide();
     bool IsShown() const { return m_shown; }
-    std::size_t Marked() const { return m_marked; }
 
     /// The screen's size, pixels.
     void Resize(int width, int height, int textPixels);

@@ -85,12 +85,10 @@ TableView::TableView(int width, int height) : m_table(width, height, kNumPiles, 
 
 void TableView::Resize(const Layout& layout)
 {
-    const bool samePicture = m_picture != nullptr && m_layout.width == layout.width &&
-                             m_layout.height == layout.height && m_layout.card == layout.card &&
-                             m_layout.piles == layout.piles;
+    const bool hasPicture = m_picture != nullptr && layout == m_layout;
     m_layout = layout;
     m_table.Resize(layout.width, layout.height, layout.card, layout.piles);
-    if (!samePicture) {
+    if (!hasPicture) {
         OwnedBitmap picture = MakeTablePicture(layout.width, layout.height, layout.Slots(m_stockSign));
         m_picture = picture.get();
         m_table.SetPicture(std::move(picture));

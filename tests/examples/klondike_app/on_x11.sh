@@ -73,7 +73,6 @@ wait "$game" || fail "the game failed"
 game=''
 [ -s "$folder/data/cardtable-klondike/game" ] || fail "the game was not kept"
 exec 3>&-
-game=''
 # Without a display: one line.
 if SDL_VIDEODRIVER=x11 DISPLAY=:987 "$1" >"$folder/none" 2>&1; then
     fail "it ran without a display"
