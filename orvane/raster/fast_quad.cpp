@@ -55,6 +55,12 @@ JobPlane NumeratorPlane(const QuadMapping::Linear& numerator)
     return {numerator.x * kUnit, numerator.y * kUnit, numerator.constant * kUnit};
 }
 
+/// The centre of a pixel that is covered lies less than a pixel outside the quadrilateral.
+bool FitsFixed(const JobPlane& plane, int size)
+{
+    return size + 1 + (std::abs(plane.x) + std::abs(plane.y)) / kUnit < QuadJob::kMostFixed;
+}
+
 struct ReadRange {
     float least;
     float most;
@@ -106,6 +112,7 @@ std::optional<QuadJob> MakeQuadJob(const Quad& quad, const QuadMapping& mapping,
         job.u.constant -= kUnit / 2;
         job.v.constant -= kUnit / 2;
     }
+    job.fixedSize = job.affine && FitsFixed(job.u, source.width) && FitsFixed(job.v, source.height);
     const ReadRange u = ReadRangeOf(least.u, most.u, source.width);
     const ReadRange v = ReadRangeOf(least.v, most.v, source.height);
     job.leastU = u.least;

@@ -62,6 +62,8 @@ struct JobPattern {
 struct QuadJob {
     static constexpr int kMaxEdges = 3;
     static constexpr int kTile = 16;
+    /// Texels that places of 32 bits reach to either side, with 20 bits behind the point.
+    static constexpr int kMostFixed = 2048;
 
     std::uint32_t* target;
     std::ptrdiff_t targetStride;
@@ -84,7 +86,8 @@ struct QuadJob {
     JobPlane v;
     ///@}
     JobPlane w;
-    bool affine; ///< w is 1
+    bool affine;    ///< w is 1
+    bool fixedSize; ///< affine, and all that is read lies within kMostFixed of the first texel's centre
     ///@{
     /// Where texels are read, in the units of u and v: each with its right and lower neighbour lies in the source.
     float leastU;

@@ -26,33 +26,56 @@ HWY_INLINE Pixels32 Over(Pixels32 destination, Pixels32 source)
     return hn::BitCast(words, hn::SaturatedAdd(kept, hn::BitCast(bytes, source)));
 }
 
-/// Blue and red of each pixel, in 8.7 bits.
-HWY_INLINE Channels EvenOf(Pixels32 pixels)
+/// The byte of each 16-bit lane whose factor is 0x80, times -128; the other's factor is 0.
+HWY_INLINE Channels NegativeBytes(Pixels32 pixels, std::uint16_t factors)
 {
-    return hn::BitCast(signedHalves, hn::And(hn::ShiftLeft<7>(hn::BitCast(halves, pixels)), hn::Set(halves, 0x7F80)));
+#if HWY_TARGET == HWY_AVX3
+    return Channels{_mm512_maddubs_epi16(pixels.raw, hn::Set(halves, factors).raw)};
+#elif HWY_TARGET == HWY_AVX2
+    return Channels{_mm256_maddubs_epi16(pixels.raw, hn::Set(halves, factors).raw)};
+#elif HWY_TARGET == HWY_SSE4
+    return Channels{_mm_maddubs_epi16(pixels.raw, hn::Set(halves, factors).raw)};
+#else
+    const auto both = hn::BitCast(halves, pixels);
+    const auto shifted = factors == 0x0080 ? hn::ShiftLeft<7>(both) : hn::ShiftRight<1>(both);
+    return hn::Neg(hn::BitCast(signedHalves, hn::And(shifted, hn::Set(halves, 0x7F80))));
+#endif
 }
 
-/// Green and alpha of each pixel, in 8.7 bits.
+/// Blue and red of each pixel, as Colours hold them.
+HWY_INLINE Channels EvenOf(Pixels32 pixels)
+{
+    return NegativeBytes(pixels, 0x0080);
+}
+
+/// Green and alpha of each pixel, as Colours hold them.
 HWY_INLINE Channels OddOf(Pixels32 pixels)
 {
-    return hn::BitCast(signedHalves, hn::And(hn::ShiftRight<1>(hn::BitCast(halves, pixels)), hn::Set(halves, 0x7F80)));
+    return NegativeBytes(pixels, 0x8000);
+}
+
+/// Two bytes of each lane, twice: their numbers, from the lowest on.
+HWY_INLINE Channels Twice(Pixels32 lanes, std::uint32_t numbers)
+{
+    const auto ofLane = hn::And(hn::Iota(words, 0), hn::Set(words, 3)); // in its block of 16 bytes
+    const auto places = hn::Add(hn::Set(words, numbers), hn::Mul(ofLane, hn::Set(words, 0x04040404)));
+    return hn::BitCast(signedHalves, hn::TableLookupBytes(hn::BitCast(bytes, lanes), hn::BitCast(bytes, places)));
 }
 
 /// The low half of each lane in both halves.
 HWY_INLINE Channels LowTwice(Pixels32 lanes)
 {
-    const auto low = hn::And(lanes, hn::Set(words, 0xFFFF));
-    return hn::BitCast(signedHalves, hn::Or(low, hn::ShiftLeft<16>(lanes)));
+    return Twice(lanes, 0x01000100);
 }
 
 /// The high half of each lane in both halves.
 HWY_INLINE Channels HighTwice(Pixels32 lanes)
 {
-    const auto high = hn::ShiftRight<16>(lanes);
-    return hn::BitCast(signedHalves, hn::Or(high, hn::ShiftLeft<16>(high)));
+    return Twice(lanes, 0x03020302);
 }
 
-/// Colours between two bytes, in 8.7 bits.
+/// Colours between two bytes, in 8.7 bits and negative: -255 * 2^7 is a whole channel. Bytes are multiplied by -2^7 in
+/// one step, since 2^7 itself does not fit into the signed byte that it takes.
 struct Colours {
     Channels even;
     Channels odd;
@@ -64,32 +87,31 @@ struct Colours {
     }
     HWY_INLINE Colours HeldAt255() const
     {
-        const auto most = hn::Set(halves, 0x7F80);
-        return {hn::BitCast(signedHalves, hn::Min(hn::BitCast(halves, even), most)),
-                hn::BitCast(signedHalves, hn::Min(hn::BitCast(halves, odd), most))};
+        const auto whole = hn::Set(signedHalves, -0x7F80);
+        return {hn::Max(even, whole), hn::Max(odd, whole)};
     }
     /// To nearest; at most 255.
     HWY_INLINE Pixels32 Rounded() const
     {
         const auto half = hn::Set(halves, 64);
-        const auto low = hn::ShiftRight<7>(hn::Add(hn::BitCast(halves, even), half));
-        const auto high = hn::ShiftLeft<1>(hn::Add(hn::BitCast(halves, odd), half));
+        const auto low = hn::ShiftRight<7>(hn::Sub(half, hn::BitCast(halves, even)));
+        const auto high = hn::ShiftLeft<1>(hn::Sub(half, hn::BitCast(halves, odd)));
         return hn::BitCast(words, hn::Or(low, hn::And(high, hn::Set(halves, 0xFF00))));
     }
     /// Source-over, rounded once.
     HWY_INLINE Pixels32 Over(Pixels32 destination) const
     {
-        const auto keep = hn::Sub(hn::Set(signedHalves, 0x7F80), HighTwice(hn::BitCast(words, odd)));
+        const auto keep = hn::Add(hn::Set(signedHalves, 0x7F80), HighTwice(hn::BitCast(words, odd)));
         const auto share = hn::Add(keep, hn::ShiftRight<8>(keep)); // of 2^15 instead of 255 * 2^7
-        return Colours{hn::Add(even, hn::MulFixedPoint15(EvenOf(destination), share)),
-                       hn::Add(odd, hn::MulFixedPoint15(OddOf(destination), share))}
+        return Colours{hn::SaturatedAdd(even, hn::MulFixedPoint15(EvenOf(destination), share)),
+                       hn::SaturatedAdd(odd, hn::MulFixedPoint15(OddOf(destination), share))}
             .HeldAt255()
             .Rounded();
     }
     HWY_INLINE bool AreOpaque() const
     {
         const auto alpha = hn::And(hn::BitCast(words, odd), hn::Set(words, 0xFFFF0000U));
-        return hn::AllTrue(words, hn::Eq(alpha, hn::Set(words, 0x7F800000U)));
+        return hn::AllTrue(words, hn::Eq(alpha, hn::Set(words, 0x80800000U)));
     }
     HWY_INLINE bool AreClear() const
     {

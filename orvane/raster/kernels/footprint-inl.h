@@ -26,8 +26,8 @@ public:
     HWY_INLINE void Add(const Colours& colours)
     {
         const auto half = hn::Set(halves, 4);
-        m_even = hn::Add(m_even, hn::ShiftRight<3>(hn::Add(hn::BitCast(halves, colours.even), half)));
-        m_odd = hn::Add(m_odd, hn::ShiftRight<3>(hn::Add(hn::BitCast(halves, colours.odd), half)));
+        m_even = hn::Add(m_even, hn::ShiftRight<3>(hn::Sub(half, hn::BitCast(halves, colours.even))));
+        m_odd = hn::Add(m_odd, hn::ShiftRight<3>(hn::Sub(half, hn::BitCast(halves, colours.odd))));
     }
     /// After kMaxFew additions at most.
     HWY_INLINE void Flush()
@@ -51,8 +51,8 @@ public:
             const auto held = hn::Min(hn::Add(value, hn::Set(floats, 0.5F)), hn::Set(floats, 0x7F80));
             return hn::BitCast(words, Truncated(held));
         };
-        return {hn::BitCast(signedHalves, hn::Or(mean(m_sums[0]), hn::ShiftLeft<16>(mean(m_sums[2])))),
-                hn::BitCast(signedHalves, hn::Or(mean(m_sums[1]), hn::ShiftLeft<16>(mean(m_sums[3]))))};
+        return {hn::Neg(hn::BitCast(signedHalves, hn::Or(mean(m_sums[0]), hn::ShiftLeft<16>(mean(m_sums[2]))))),
+                hn::Neg(hn::BitCast(signedHalves, hn::Or(mean(m_sums[1]), hn::ShiftLeft<16>(mean(m_sums[3])))))};
     }
 
 private:

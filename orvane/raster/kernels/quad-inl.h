@@ -45,46 +45,92 @@ private:
 struct RowPart {
     const CoverageRow& row;
     int y;
+    int strip; ///< the first column of its strip
     int begin;
     int end;
 };
 
-/// One sample a pixel.
-template <bool kAffine> void DrawSampled(const QuadJob& job, const RowPart& part, Chunk& chunk)
+HWY_INLINE void BlendSamples(const QuadJob& job, const Fetcher& fetcher, const RowPart& part, const Chunk& chunk)
 {
-    static_assert(kStripColumns <= kChunk);
-    const Locator locator(job);
-    const PointMap<kAffine> map(job, part.row, part.y);
     const TargetRow target(job, part.row, part.y);
-    const Fetcher fetcher(job);
     const int count = part.end - part.begin;
-    auto columns = map.ColumnsFrom(part.begin);
-    for (int i = 0; i < count; i += kStep) {
-        locator.Note(map.At(columns), chunk, i);
-        columns = hn::Add(columns, hn::Set(floats, static_cast<float>(kStep)));
-    }
     for (int i = 0; i < count; i += kStep) {
         target.Blend(part.begin + i, Bilinear(fetcher, chunk, i), count - i);
     }
 }
 
-/// Samples all over each pixel's footprint.
-template <bool kAffine> void DrawFiltered(const QuadJob& job, const RowPart& part, Chunk& chunk)
+/// One sample a pixel, of a map with or without perspective.
+template <bool kAffine> class SampledRows
 {
-    static_assert(kStripColumns % QuadJob::kTile == 0);
-    const FootprintSampler sampler(job, chunk);
-    const PointMap<kAffine> map(job, part.row, part.y);
-    const TargetRow target(job, part.row, part.y);
-    for (int x = part.begin; x < part.end;) {
-        const int tile = x / QuadJob::kTile;
-        const int end = Least(part.end, (tile + 1) * QuadJob::kTile);
-        const JobPattern& pattern = job.patterns[kAffine ? 0 : tile];
-        for (; x < end; x += kStep) {
-            target.Blend(x, sampler.Mean(pattern, map.At(map.ColumnsFrom(x))), end - x);
+public:
+    SampledRows(const QuadJob& job, Chunk& chunk) : m_job(job), m_locator(job), m_fetcher(job), m_chunk(chunk) {}
+
+    HWY_INLINE void Draw(const RowPart& part) const
+    {
+        static_assert(kStripColumns <= kChunk);
+        const PointMap<kAffine> map(m_job, part.row, part.y);
+        const int count = part.end - part.begin;
+        auto columns = map.ColumnsFrom(part.begin);
+        for (int i = 0; i < count; i += kStep) {
+            m_locator.Note(map.At(columns), m_chunk, i);
+            columns = hn::Add(columns, hn::Set(floats, static_cast<float>(kStep)));
         }
-        x = end;
+        BlendSamples(m_job, m_fetcher, part, m_chunk);
     }
-}
+
+private:
+    const QuadJob& m_job;
+    Locator m_locator;
+    Fetcher m_fetcher;
+    Chunk& m_chunk;
+};
+
+/// The same for a map without perspective, of a size that fixed point is exact enough for.
+class FixedRows
+{
+public:
+    FixedRows(const QuadJob& job, Chunk& chunk) : m_job(job), m_locator(job), m_fetcher(job), m_chunk(chunk) {}
+
+    HWY_INLINE void Draw(const RowPart& part) const
+    {
+        const int anchor = Most(part.row.leftmost, part.strip);
+        m_locator.NoteRow(anchor, part.y, part.begin, part.end - part.begin, m_chunk);
+        BlendSamples(m_job, m_fetcher, part, m_chunk);
+    }
+
+private:
+    const QuadJob& m_job;
+    FixedLocator m_locator;
+    Fetcher m_fetcher;
+    Chunk& m_chunk;
+};
+
+/// Samples all over each pixel's footprint.
+template <bool kAffine> class FilteredRows
+{
+public:
+    FilteredRows(const QuadJob& job, Chunk& chunk) : m_job(job), m_sampler(job, chunk) {}
+
+    HWY_INLINE void Draw(const RowPart& part) const
+    {
+        static_assert(kStripColumns % QuadJob::kTile == 0);
+        const PointMap<kAffine> map(m_job, part.row, part.y);
+        const TargetRow target(m_job, part.row, part.y);
+        for (int x = part.begin; x < part.end;) {
+            const int tile = x / QuadJob::kTile;
+            const int end = Least(part.end, (tile + 1) * QuadJob::kTile);
+            const JobPattern& pattern = m_job.patterns[kAffine ? 0 : tile];
+            for (; x < end; x += kStep) {
+                target.Blend(x, m_sampler.Mean(pattern, map.At(map.ColumnsFrom(x))), end - x);
+            }
+            x = end;
+        }
+    }
+
+private:
+    const QuadJob& m_job;
+    FootprintSampler m_sampler;
+};
 
 /// Rows that are drawn together.
 struct Band {
@@ -93,29 +139,25 @@ struct Band {
     int right;
 };
 
-template <bool kAffine> void DrawBand(const QuadJob& job, const Band& band, int top, int bottom, Chunk& chunk)
+template <typename Rows> HWY_INLINE void DrawBand(const Rows& rows, const Band& band, int top, int bottom)
 {
     for (int strip = band.left / kStripColumns * kStripColumns; strip < band.right; strip += kStripColumns) {
         for (int y = top; y < bottom; ++y) {
             const CoverageRow& row = band.rows[y - top];
-            const RowPart part{row, y, Most(row.begin, strip), Least(row.end, strip + kStripColumns)};
-            if (part.begin >= part.end) {
-                continue;
-            }
-            if (job.patterns == nullptr) {
-                DrawSampled<kAffine>(job, part, chunk);
-            } else {
-                DrawFiltered<kAffine>(job, part, chunk);
+            const RowPart part{row, y, strip, Most(row.begin, strip), Least(row.end, strip + kStripColumns)};
+            if (part.begin < part.end) {
+                rows.Draw(part);
             }
         }
     }
 }
 
-template <bool kAffine> DrawnArea DrawRows(const QuadJob& job)
+template <typename Rows> DrawnArea DrawRows(const QuadJob& job)
 {
     DrawnArea drawn{job.right, 0, job.left, 0};
     CoverageWalk walk(job);
     Chunk chunk;
+    const Rows rows(job, chunk);
     Band band;
     for (int top = job.top; top < job.bottom; top += kStripRows) {
         const int bottom = Least(top + kStripRows, job.bottom);
@@ -134,7 +176,7 @@ template <bool kAffine> DrawnArea DrawRows(const QuadJob& job)
             band.left = Least(band.left, row.begin);
             band.right = Most(band.right, row.end);
         }
-        DrawBand<kAffine>(job, band, top, bottom, chunk);
+        DrawBand(rows, band, top, bottom);
         drawn.left = Least(drawn.left, band.left);
         drawn.right = Most(drawn.right, band.right);
     }
@@ -143,7 +185,13 @@ template <bool kAffine> DrawnArea DrawRows(const QuadJob& job)
 
 DrawnArea DrawQuadOf(const QuadJob& job)
 {
-    return job.affine ? DrawRows<true>(job) : DrawRows<false>(job);
+    if (job.patterns != nullptr) {
+        return job.affine ? DrawRows<FilteredRows<true>>(job) : DrawRows<FilteredRows<false>>(job);
+    }
+    if (job.fixedSize) {
+        return DrawRows<FixedRows>(job);
+    }
+    return job.affine ? DrawRows<SampledRows<true>>(job) : DrawRows<SampledRows<false>>(job);
 }
 
 } // namespace

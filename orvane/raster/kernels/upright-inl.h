@@ -57,10 +57,9 @@ private:
             Put(target, Mean(a, b, c, d), count);
             return;
         }
-        const auto quarter = [](Channels sum) { return hn::ShiftRight<2>(hn::BitCast(halves, sum)); };
         const auto mean = [&](const auto& channels) {
-            return hn::BitCast(signedHalves, hn::Add(hn::Add(quarter(channels(a)), quarter(channels(b))),
-                                                     hn::Add(quarter(channels(c)), quarter(channels(d)))));
+            const auto quarter = [&](Pixels32 texels) { return hn::ShiftRight<2>(channels(texels)); };
+            return hn::Add(hn::Add(quarter(a), quarter(b)), hn::Add(quarter(c), quarter(d)));
         };
         BlendInto(target,
                   Colours{mean([](Pixels32 p) { return EvenOf(p); }), mean([](Pixels32 p) { return OddOf(p); })},
