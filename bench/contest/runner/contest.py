@@ -65,8 +65,9 @@ def _judge_pictures(programs: Programs, results: Results, folder: Path) -> None:
                 picture.unlink()
 
 
-def _measure_speeds(programs: Programs, results: Results, options: argparse.Namespace) -> None:
-    """All contestants draw a scene after each other, so that whatever slows the machine slows all of them."""
+def _measure_speeds(programs: Programs, results: Results, options: argparse.Namespace, measurements: Path) -> None:
+    """All contestants draw a scene after each other, so that whatever slows the machine slows all of them. What was
+    measured is kept after each repetition: a run may be ended before its time."""
     for repetition in range(options.repetitions):
         print(f"speeds, repetition {repetition + 1} of {options.repetitions}", flush=True)
         for scene in results.scenes:
@@ -74,6 +75,7 @@ def _measure_speeds(programs: Programs, results: Results, options: argparse.Name
                 for when, speed in programs.speeds(name, scene.name, options.seconds).items():
                     kept = results.first_speeds if when == "first" else results.speeds
                     kept.setdefault(scene.name, {}).setdefault(name, []).append(speed)
+        results.save(measurements)
 
 
 def main() -> None:
@@ -89,8 +91,7 @@ def main() -> None:
         results = _start(options, programs)
         _judge_pictures(programs, results, truths)
     if not options.page:
-        _measure_speeds(programs, results, options)
-        results.save(measurements)
+        _measure_speeds(programs, results, options, measurements)
     images = options.output / "images"
     images.mkdir(exist_ok=True)
     rows = picture_sheet.write(programs, results, truths, images / page.PICTURES) if options.pictures else []
