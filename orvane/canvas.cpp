@@ -50,6 +50,11 @@ void Canvas::Paint(Bitmap& screen, const render::Rectangle<int>& area, long left
     std::uint32_t* destination = Pixels(screen) + painted.top * screen.Width() + painted.left;
     const int count = static_cast<int>(painted.right - painted.left);
     const bool opaque = IsExamined() && Contains(AreaOf(m_opaquePart), Moved(painted, -left, -top));
+    if (opaque && count == picture.Width() && count == screen.Width()) {
+        // Rows without a gap between them, as of a table: the more is copied at once, the faster.
+        std::copy_n(source, count * (painted.bottom - painted.top), destination);
+        return;
+    }
     for (std::int64_t y = painted.top; y < painted.bottom; ++y) {
         if (opaque) {
             std::copy_n(source, count, destination);

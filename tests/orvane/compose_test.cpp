@@ -320,6 +320,40 @@ TEST(Compose, DamageAloneGivesThePictureOfEverythingWhereLargeCardsHideEachOther
     }
 }
 
+TEST(Compose, PicturesAsWideAsTheScreenAreCopiedInAnyBand)
+{
+    orvane::Settings settings;
+    settings.width = 64;
+    settings.height = 48;
+    orvane::Host host(settings);
+    std::mt19937 random(5);
+    const OwnedBitmap picture = MakeCard(64, 60, random), strip = MakeBitmap(64, 9);
+    std::vector<std::uint32_t> table = PixelsOf(*picture);
+    for (std::uint32_t& pixel : table)
+        pixel |= 0xFF000000U;
+    std::memcpy(picture->Buffer(), table.data(), table.size() * 4);
+    strip->FillRect({0, 0, 64, 9}, {1, 2, 3, 255});
+    CDialog dialog;
+    CheckedCanvas below, above;
+    below.Create(0, -7, 64, 60);
+    below.SetBitmap(picture.get());
+    above.Create(0, 100, 64, 9);
+    above.SetBitmap(strip.get());
+    dialog.AddCntrlAfter(&below, nullptr);
+    dialog.AddCntrlAfter(&above, &below);
+    dialog.Show();
+    host.ComposeAll();
+    host.ComposeAll();
+    for (int top = -6; top < 50; top += 4) {
+        above.SetPos(0, top);
+        host.Compose();
+        std::vector<std::uint32_t> expected(table.begin() + 7 * 64, table.begin() + (7 + 48) * 64);
+        for (int y = std::max(top, 0); y < std::min(top + 9, 48); ++y)
+            std::fill_n(expected.begin() + y * 64, 64, PixelsOf(*strip)[0]);
+        ASSERT_EQ(PixelsOf(host.Screen()), expected) << top;
+    }
+}
+
 TEST(Compose, AreasBecomeAsFewRectanglesAsBandsAllow)
 {
     orvane::Settings settings;
